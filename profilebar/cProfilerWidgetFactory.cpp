@@ -1,0 +1,6 @@
+#include "cProfilerWidgetFactory.h"
+
+IProfileBar* cProfilerWidgetFactory::getProfileBar()
+{
+    return nullptr;
+}

@@ -1,0 +1,7 @@
+#include "HVS.h"
+namespace HVS {
+QPixmap loadApplicationIcon(const QString&)
+{
+    return QPixmap();
+}
+} // namespace HVS

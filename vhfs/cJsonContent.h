@@ -1,0 +1,54 @@
+#pragma once
+
+#include "cJsonValue.h"
+
+#include <deque>
+#include <map>
+
+/// The elements of an array or the members of an object, shared by all values that are copies of each other.
+///
+/// It knows its sharers, because a reference to one of its children may outlive the moment of sharing: before
+/// a child is written to, all sharers but the one through which references were handed out (the leader) move
+/// to a duplicate. The children stay where they are, so that the references stay good.
+class cJsonContent
+{
+    Q_DISABLE_COPY(cJsonContent)
+
+public:
+    explicit cJsonContent(cJsonValue::JsonValueType type)
+        : m_type(type)
+    { }
+
+    cJsonValue::JsonValueType type() const { return m_type; }
+    bool isShared() const;
+
+    void addSharer(cJsonValue* sharer);
+    /// Deletes this content with its last sharer.
+    void removeSharer(cJsonValue* sharer);
+
+    /// Called before `sharer` hands out or uses a reference to a child.
+    void lead(cJsonValue* sharer) { m_leader = sharer; }
+    bool isLedBy(const cJsonValue* sharer) const { return m_leader == sharer; }
+
+    /// Moves every sharer but the leader to a duplicate, in the enclosing contents first. Afterwards a write
+    /// to a child is seen by the leader alone.
+    void isolateLeader();
+    /// Moves one sharer to a duplicate of its own.
+    void giveDuplicateTo(cJsonValue* sharer);
+
+    cJsonValue& appendChild(const cJsonValue& value);
+    /// The member with that key, made if it is missing.
+    cJsonValue& child(const QString& key);
+
+    // Elements of an array, which stay in place while others are added.
+    std::deque<cJsonValue> elements;
+    // Members of an object in the order of their keys.
+    std::map<QString, cJsonValue> members;
+
+private:
+    cJsonContent* duplicate() const;
+
+    cJsonValue::JsonValueType m_type;
+    cJsonValue* m_firstSharer = nullptr;
+    cJsonValue* m_leader = nullptr;
+};

@@ -1,0 +1,186 @@
+#pragma once
+
+#include <cJsonValue.h>
+#include <IFeatureView.h>
+#include <MKey.h>
+
+#include <QList>
+#include <QMap>
+#include <QPoint>
+#include <QPointF>
+#include <QString>
+#include <QStringList>
+
+class cAnimatedPixmapWidget;
+class cGraphicsItemGroup;
+class cGraphicsText;
+class cMacroList;
+class cPanel;
+class cProfileBar;
+class cProfileTrashcanGraphicsItem;
+class cPulseGlowImage;
+class cScalablePixmap;
+class cTooltip;
+class Gkey;
+class MagnetTextItem;
+class QFrame;
+class QGraphicsRectItem;
+class QGraphicsView;
+class QPropertyAnimation;
+
+/// The view in which users put commands on the keys of their device.
+///
+/// The plug-in object owns the one view of the process; the host drives it through IFeatureView. It lays
+/// hotspots, labels, the command list and the profile bar over the host's picture of the device, asks the
+/// host's services for every change, and changes its picture only when the host's event comes back.
+///
+/// Its life: created; transforming after init(), while the host moves the device picture; shown after
+/// onDeviceTransformEnd(); leaving after deinit(), while the panes slide out. The implementation is cut by
+/// subject into the files cMacroBindingView_<subject>.cpp; this class's own file holds the lifecycle.
+class cMacroBindingView : public IFeatureView
+{
+    Q_OBJECT
+
+public:
+    cMacroBindingView();
+    ~cMacroBindingView() override;
+
+    /// The view of the process, made at the first call. Once the plug-in has deleted it, it is not made
+    /// again.
+    static cMacroBindingView* instance();
+
+    /// False, with nothing changed, if the canvas is null or has no scene.
+    bool init(cJsonValue viewInfo, QGraphicsView* canvas) override;
+    bool deinit(cJsonValue viewInfo, QGraphicsView* canvas) override;
+    bool activate(cJsonValue viewInfo) override;
+    bool deactivate(cJsonValue viewInfo) override;
+    cJsonValue viewInfo() override;
+
+    QString getDeviceCategory() const { return m_deviceCategory; }
+    MKey::MKey_t getCurrentMState() const { return m_currentMState; }
+    QString getProfileId() const { return m_profileId; }
+    QStringList getControlIds() const { return m_controlIds; }
+
+    /// The device metadata record, made from the manifest that IDevMgr has for the model. Keys are there when
+    /// their element or attribute is; an unknown model gives a record whose `device_model` and
+    /// `profiler.category` are empty. Lengths are in pixels of the canvas.
+    cJsonValue readDeviceMetadata(const QString& deviceModel) const;
+
+public Q_SLOTS:
+    // The first six have no caller here: scripts reach them through the object "MacroBindingView".
+    void newCommand();
+    void newProfile();
+    void scanForGames();
+    void selectProfile(const QString& profileID);
+    void testProfile();
+    void deleteSelectedProfiles();
+
+protected Q_SLOTS:
+    void onFade(qreal value);
+    void loadMacroEditor(const cJsonValue& macro);
+    void onSortIconClicked(const QPoint& point);
+    void sortMacroNameAscending();
+    void sortMacroNameDescending();
+    void sortMacroType();
+    void setAssignment(const QString& macroID, const QString& contextID);
+    void SwitchMState(const QString& MStateID);
+    void highlightAssignment(const cJsonValue& macro);
+    void unHighlightAssignment(const cJsonValue& macro);
+    void onEditAssignment(const QString& contextID);
+    void onUseGenericAssignment(const QString& contextID);
+    void onUnassignAssignment(const QString& contextID);
+    void onUseGenericForAllGkeys(const QString& profileID);
+    void onUnassignAllGkeys(const QString& profileID);
+    void onPrintProfile(const QString& profileID);
+    void onShowTooltip(const QPointF& pt, const QString& tip);
+    void onAutoScanForGames();
+    void onStartGkeyPulsate(const cJsonValue& macro);
+    void onAssignmentStartPulsate(const QString& macroID);
+    void onStopGkeyPulsate();
+    void onStartMkeyPulsate();
+    void onStopMkeyPulsate();
+    void onPaneAndMaskEnterAnimation();
+    void onPaneAndMaskExitAnimation();
+    void onPaneAndMaskAnimationExitFinished();
+    void onForceProfilesToGoSync();
+    void onUseDefaultForAllGkeys(const QString& profileID);
+    void onUseDefaultAssignment(const QString& contextID);
+    void deleteProfiles(const QStringList& profiles);
+    void deleteMacros(const QStringList& macros);
+    void deleteAssignments(const QStringList& contextIds);
+    void onmacroAdded(const QString& profileID, const cJsonValue& macro);
+    void onmacroDeleted(const QString& profileID, const cJsonValue& macro);
+    void onmacroChanged(const QString& profileID, const cJsonValue& macro);
+    void onMacroAssigned(const QString& profileID, const QString& deviceModel, const QString& macroID,
+        MKey::MKey_t mode, const QString& contextID);
+    void onAssignmentRemoved(const QString& profileID, const QString& deviceModel, MKey::MKey_t mode,
+        const QString& contextID, const QString& macroID);
+    void onMacroEditorClosed(const QString& macroID);
+    void onDeviceTransformEnd();
+    void onProfileSelectionChanging(const QString& profileID);
+    void onMStateChanged(MKey::MKey_t mkeyState, const QString& category);
+    void onProfilePropertyChanged(const QString& profileId);
+    void onRegisterHelpProvider(int index);
+    void onForegroundAppChange(const QString& appPath, quint32 processId);
+    void onMainWindowClosing();
+    void onPopulatingMacros();
+    void onPopulatedMacros();
+    void onProfilesToGoDeviceBusy(const QString& deviceName, const QString& deviceId);
+    void onProfilesToGoDeviceIdle(const QString& deviceId);
+
+private:
+    Q_DISABLE_COPY(cMacroBindingView)
+
+    /// Deletes what onDeviceTransformEnd() made and ends its subscriptions. Harmless when repeated.
+    void removeScene();
+
+    // The pointers are null until the scene is built. "Host's" are not ours; all others are deleted in
+    // deinit() unless a line says otherwise.
+
+    /// The host's.
+    QGraphicsView* m_canvas = nullptr;
+    /// Parent of all items that are bound to the device; as large as the canvas's scene.
+    QGraphicsRectItem* m_rootItem = nullptr;
+    QFrame* m_commandFrame = nullptr;
+    cGraphicsText* m_hintText = nullptr;
+    QList<cPulseGlowImage*> m_pulseGlows;
+    cMacroList* m_macroList = nullptr;
+    /// The key of every assignment call that the interfaces call "devicemodal".
+    QString m_deviceCategory;
+    /// Context ids of all hotspots in the order of the manifest.
+    QStringList m_controlIds;
+    /// The mode that the picture shows.
+    MKey::MKey_t m_currentMState = MKey::MKey_t(0);
+    QMap<QString, Gkey*> m_hotspots;
+    /// By context id, for the keys that hold a command.
+    QMap<QString, MagnetTextItem*> m_labels;
+    /// The profile whose assignments are shown.
+    QString m_profileId;
+    /// The mode buttons; null on a device without modes.
+    cGraphicsItemGroup* m_mStateGroup = nullptr;
+    /// A child of m_rootItem.
+    cTooltip* m_tooltip = nullptr;
+    bool m_sceneBuilt = false;
+    QString m_deviceModel;
+    cJsonValue m_metadata;
+    QFrame* m_profileFrame = nullptr;
+    QFrame* m_profileSearchFrame = nullptr;
+    bool m_inForeground = true;
+    // The panes, the mask and their animations outlive deinit() by the length of the exit.
+    QPropertyAnimation* m_commandPaneAnimation = nullptr;
+    QPropertyAnimation* m_profilePaneAnimation = nullptr;
+    QPropertyAnimation* m_maskAnimation = nullptr;
+    cScalablePixmap* m_maskItem = nullptr;
+    cPanel* m_profilePanel = nullptr;
+    cPanel* m_commandPanel = nullptr;
+    bool m_mainWindowClosing = false;
+    bool m_leaving = false;
+    /// A child of m_profilePanel.
+    cProfileBar* m_profileBar = nullptr;
+    /// A child of m_rootItem.
+    cProfileTrashcanGraphicsItem* m_trashcan = nullptr;
+    /// The device to which the current profile is bound, or empty.
+    QString m_profilesToGoDeviceId;
+    /// A child of m_commandFrame.
+    cAnimatedPixmapWidget* m_syncButton = nullptr;
+};

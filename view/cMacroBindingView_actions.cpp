@@ -1,0 +1,52 @@
+#include "cMacroBindingView.h"
+
+void cMacroBindingView::newCommand()
+{ }
+
+void cMacroBindingView::newProfile()
+{ }
+
+void cMacroBindingView::scanForGames()
+{ }
+
+void cMacroBindingView::selectProfile(const QString&)
+{ }
+
+void cMacroBindingView::testProfile()
+{ }
+
+void cMacroBindingView::deleteSelectedProfiles()
+{ }
+
+void cMacroBindingView::loadMacroEditor(const cJsonValue&)
+{ }
+
+void cMacroBindingView::onSortIconClicked(const QPoint&)
+{ }
+
+void cMacroBindingView::sortMacroNameAscending()
+{ }
+
+void cMacroBindingView::sortMacroNameDescending()
+{ }
+
+void cMacroBindingView::sortMacroType()
+{ }
+
+void cMacroBindingView::onPrintProfile(const QString&)
+{ }
+
+void cMacroBindingView::onAutoScanForGames()
+{ }
+
+void cMacroBindingView::deleteProfiles(const QStringList&)
+{ }
+
+void cMacroBindingView::deleteMacros(const QStringList&)
+{ }
+
+void cMacroBindingView::deleteAssignments(const QStringList&)
+{ }
+
+void cMacroBindingView::onForceProfilesToGoSync()
+{ }
