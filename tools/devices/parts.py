@@ -1,6 +1,6 @@
 """What the devices have in common: colours, keys, mode buttons, glows."""
 
-from .markup import Picture
+from .markup import Picture, number
 
 FONT = "Liberation Sans, Arial, sans-serif"
 
@@ -77,8 +77,8 @@ def lettering(out, x, y, text, size, color, spacing):
 
 def chevron(out, x, y, size, **attributes):
     """The maker's mark: a V of two strokes, its tip at (x, y)."""
-    half = size / 2
-    out.path(f"M {x - half} {y - size * 0.8} L {x} {y} L {x + half} {y - size * 0.8}", **attributes)
+    half, top = size / 2, number(y - size * 0.8)
+    out.path(f"M {number(x - half)} {top} L {x} {y} L {number(x + half)} {top}", **attributes)
 
 
 # Face, rim and legend of a mode button in its three states.
