@@ -1,7 +1,6 @@
-#include "DeviceScene.h"
+#include "DeviceTestCase.h"
 
 #include <FixedIds.h>
-#include <TestCase.h>
 
 #include <QDir>
 #include <QDomDocument>
@@ -9,25 +8,10 @@
 #include <QImage>
 #include <QSet>
 
-#include <algorithm>
-#include <map>
-
 namespace {
 
 /// What a control can be; a command's type says which of these it fits.
 const QStringList ControlTypes {"key", "button", "wheel-tilt", "stick-direction", "stick-press"};
-// A mode button grows by this factor while it pulses.
-constexpr double PulseScale = 1.15;
-// How far a label without a line may stand from its key, in pixels.
-constexpr int LabelDistance = 6;
-
-QStringList numbered(const QString& letter, int first, int last)
-{
-    QStringList ids;
-    for (int i = first; i <= last; ++i)
-        ids << letter + QString::number(i);
-    return ids;
-}
 
 QStringList sorted(QStringList list)
 {
@@ -41,25 +25,6 @@ QStringList idsOf(const QList<ControlPlace>& controls)
     for (const ControlPlace& control : controls)
         ids << control.id;
     return ids;
-}
-
-const ControlPlace& find(const DeviceScene& device, const QString& id)
-{
-    const QList<ControlPlace>& controls = device.controls();
-    return *std::find_if(
-        controls.begin(), controls.end(), [&](const ControlPlace& control) { return control.id == id; });
-}
-
-/// The area of a shape, in square pixels.
-double size(const QPainterPath& shape)
-{
-    double twice = 0;
-    const QList<QPolygonF> polygons = shape.simplified().toFillPolygons();
-    for (const QPolygonF& polygon : polygons) {
-        for (int i = 0; i + 1 < polygon.size(); ++i)
-            twice += polygon[i].x() * polygon[i + 1].y() - polygon[i + 1].x() * polygon[i].y();
-    }
-    return qAbs(twice) / 2;
 }
 
 /// The values of all attributes in the element and below it that name a picture.
@@ -101,35 +66,19 @@ double brightness(const QPixmap& picture)
     return weight > 0 ? sum / weight : 0;
 }
 
-bool isVisible(const QPixmap& picture)
-{
-    const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) > 127)
-                return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
-/// The files of the devices: what the host and the view find when they read them.
-class DeviceFilesTest : public TestCase
+/// What each device's folder holds and what its manifest says, apart from places.
+class DeviceFilesTest : public DeviceTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void devicesAreThoseOfTheProduct();
-
     void manifestParses_data() { everyDevice(); }
     void manifestParses();
     void presentationIsComplete_data() { everyDevice(); }
     void presentationIsComplete();
-    void pictureStandsInsideTheDeviceArea_data() { everyDevice(); }
-    void pictureStandsInsideTheDeviceArea();
     void namedPicturesLoad_data() { everyDevice(); }
     void namedPicturesLoad();
     void picturesAreThoseOfTheArtwork_data() { everyDevice(); }
@@ -138,64 +87,17 @@ private Q_SLOTS:
     void picturesHaveTheSizeOfTheirArtwork();
     void noPictureIsWithoutUse_data() { everyDevice(); }
     void noPictureIsWithoutUse();
-
     void controlsAreComplete_data();
     void controlsAreComplete();
     void controlsHaveNames_data() { everyDevice(); }
     void controlsHaveNames();
-    void hotspotsHaveRoomForTheirButton_data() { everyDevice(); }
-    void hotspotsHaveRoomForTheirButton();
-    void hotspotsDoNotOverlap_data() { everyDevice(); }
-    void hotspotsDoNotOverlap();
-    void contextButtonsLieOnTheirKeys_data() { everyDevice(); }
-    void contextButtonsLieOnTheirKeys();
-    void bothShapesAreUsed();
-    void glowsOfPixmapControlsSurroundThem_data() { everyDevice(); }
-    void glowsOfPixmapControlsSurroundThem();
-    void labelsStayOnTheCanvas_data() { everyDevice(); }
-    void labelsStayOnTheCanvas();
-    void labelsCoverNothing_data() { everyDevice(); }
-    void labelsCoverNothing();
-    void linesJoinLabelAndKey_data() { everyDevice(); }
-    void linesJoinLabelAndKey();
-
-    void modeButtonsStandFree_data() { everyDevice(); }
-    void modeButtonsStandFree();
     void modeButtonLooksDiffer_data() { everyDevice(); }
     void modeButtonLooksDiffer();
-    void pulseGlowsStayOnTheCanvas_data() { everyDevice(); }
-    void pulseGlowsStayOnTheCanvas();
     void eachControlTypeHasItsGlow_data() { everyDevice(); }
     void eachControlTypeHasItsGlow();
-
-    void stickLiesUnderTheOverlay();
-    void stickDirectionsLieAroundItsPress();
     void mouseClicksAreRequired();
     void onlyTheControllerHasADisplay();
-
-private:
-    void everyDevice();
-
-    std::map<QString, DeviceScene> m_devices;
 };
-
-#define DEVICE()                                                                                             \
-    QFETCH(QString, alias);                                                                                  \
-    const DeviceScene& device = m_devices.at(alias)
-
-void DeviceFilesTest::initTestCase()
-{
-    TestCase::initTestCase();
-    for (const QString& alias : DeviceScene::aliases())
-        m_devices.emplace(alias, DeviceScene(alias));
-}
-
-void DeviceFilesTest::everyDevice()
-{
-    QTest::addColumn<QString>("alias");
-    for (const auto& [alias, device] : m_devices)
-        QTest::newRow(qPrintable(alias)) << alias;
-}
 
 void DeviceFilesTest::devicesAreThoseOfTheProduct()
 {
@@ -204,7 +106,7 @@ void DeviceFilesTest::devicesAreThoseOfTheProduct()
 
 void DeviceFilesTest::manifestParses()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     QFile file(device.folder() + "/manifest.xml");
     QVERIFY(file.open(QFile::ReadOnly));
     QDomDocument document;
@@ -219,7 +121,7 @@ void DeviceFilesTest::manifestParses()
 
 void DeviceFilesTest::presentationIsComplete()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     const QDomElement presentation = device.manifest().firstChildElement("presentation");
     QVERIFY(!presentation.attribute("name").isEmpty());
     QVERIFY(!presentation.attribute("short_name").isEmpty());
@@ -227,32 +129,26 @@ void DeviceFilesTest::presentationIsComplete()
     QVERIFY2(QRectF(Canvas::Scene).contains(device.home()), "the picture leaves the home page");
 }
 
-void DeviceFilesTest::pictureStandsInsideTheDeviceArea()
-{
-    DEVICE();
-    QVERIFY(QRectF(Canvas::DeviceArea).contains(device.transformed()));
-}
-
 void DeviceFilesTest::namedPicturesLoad()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     const QStringList pictures = namedPictures(device.manifest());
     QVERIFY(!pictures.isEmpty());
     for (const QString& picture : pictures) {
-        QVERIFY2(picture.startsWith(alias + ":/images/"), qPrintable(picture));
+        QVERIFY2(picture.startsWith(device.alias() + ":/images/"), qPrintable(picture));
         QVERIFY2(!QPixmap(picture).isNull(), qPrintable(picture));
     }
 }
 
 void DeviceFilesTest::picturesAreThoseOfTheArtwork()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     QCOMPARE(baseNames(device.folder() + "/images", ".png"), baseNames(device.folder() + "/artwork", ".svg"));
 }
 
 void DeviceFilesTest::picturesHaveTheSizeOfTheirArtwork()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     for (const QString& name : baseNames(device.folder() + "/artwork", ".svg")) {
         QFile file(device.folder() + "/artwork/" + name + ".svg");
         QVERIFY(file.open(QFile::ReadOnly));
@@ -266,12 +162,12 @@ void DeviceFilesTest::picturesHaveTheSizeOfTheirArtwork()
 
 void DeviceFilesTest::noPictureIsWithoutUse()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     QStringList used = namedPictures(device.manifest());
     // The view names this one itself.
     used << "K13Device:/images/K13_minijoystick_overlay.png";
     for (const QString& name : baseNames(device.folder() + "/images", ".png"))
-        QVERIFY2(used.contains(alias + ":/images/" + name + ".png"), qPrintable(name));
+        QVERIFY2(used.contains(device.alias() + ":/images/" + name + ".png"), qPrintable(name));
 }
 
 void DeviceFilesTest::controlsAreComplete_data()
@@ -287,7 +183,7 @@ void DeviceFilesTest::controlsAreComplete_data()
 
 void DeviceFilesTest::controlsAreComplete()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     QFETCH(QStringList, controls);
     QFETCH(QStringList, modes);
     QCOMPARE(sorted(idsOf(device.controls())), sorted(controls));
@@ -299,7 +195,7 @@ void DeviceFilesTest::controlsAreComplete()
 
 void DeviceFilesTest::controlsHaveNames()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     QSet<QString> names;
     const QDomNodeList controls = device.manifest().elementsByTagName("control");
     for (int i = 0; i < controls.count(); ++i)
@@ -308,129 +204,9 @@ void DeviceFilesTest::controlsHaveNames()
     QVERIFY(!names.contains(QString()));
 }
 
-void DeviceFilesTest::hotspotsHaveRoomForTheirButton()
-{
-    DEVICE();
-    for (const ControlPlace& control : device.controls()) {
-        QVERIFY2(size(control.shape) >= Canvas::ContextButton.width() * Canvas::ContextButton.height(),
-            qPrintable(control.id));
-        QVERIFY2(QRectF(Canvas::DeviceArea).contains(control.shape.boundingRect()), qPrintable(control.id));
-        QVERIFY2(device.transformed().contains(control.shape.boundingRect()), qPrintable(control.id));
-    }
-}
-
-void DeviceFilesTest::hotspotsDoNotOverlap()
-{
-    DEVICE();
-    const QList<ControlPlace>& controls = device.controls();
-    for (int i = 0; i < controls.size(); ++i) {
-        for (int j = 0; j < i; ++j)
-            QVERIFY2(!controls[i].shape.intersects(controls[j].shape),
-                qPrintable(controls[j].id + " and " + controls[i].id));
-    }
-}
-
-void DeviceFilesTest::contextButtonsLieOnTheirKeys()
-{
-    DEVICE();
-    for (const ControlPlace& control : device.controls()) {
-        const QRectF bounds = control.shape.boundingRect().adjusted(-2, -2, 2, 2);
-        QVERIFY2(bounds.contains(control.contextButton), qPrintable(control.id));
-        QVERIFY2(control.shape.contains(control.contextButton.center()), qPrintable(control.id));
-    }
-}
-
-void DeviceFilesTest::bothShapesAreUsed()
-{
-    int pixmaps = 0;
-    int polygons = 0;
-    for (const auto& [alias, device] : m_devices) {
-        for (const ControlPlace& control : device.controls())
-            ++(control.isPixmap ? pixmaps : polygons);
-    }
-    QVERIFY(pixmaps > 0);
-    QVERIFY(polygons > 0);
-}
-
-void DeviceFilesTest::glowsOfPixmapControlsSurroundThem()
-{
-    DEVICE();
-    for (const ControlPlace& control : device.controls()) {
-        if (!control.isPixmap)
-            continue;
-        QVERIFY2(isVisible(control.glow), qPrintable(control.id));
-        const QRectF glow(control.glowPosition, QSizeF(control.glow.size()));
-        const QRectF key = control.shape.boundingRect();
-        QVERIFY2(glow.contains(key), qPrintable(control.id));
-        QCOMPARE(glow.center(), key.center());
-    }
-}
-
-void DeviceFilesTest::labelsStayOnTheCanvas()
-{
-    DEVICE();
-    for (const ControlPlace& control : device.controls()) {
-        QVERIFY2(!control.labelAtRest.isEmpty(), qPrintable(control.id));
-        QVERIFY2(control.labelGrown.contains(control.labelAtRest), qPrintable(control.id));
-        QVERIFY2(Canvas::DeviceArea.contains(control.labelGrown), qPrintable(control.id));
-        QVERIFY2(!Canvas::TrashCan.intersects(control.labelGrown), qPrintable(control.id));
-        QVERIFY2(!control.shape.intersects(QRectF(Canvas::TrashCan)), qPrintable(control.id));
-    }
-}
-
-void DeviceFilesTest::labelsCoverNothing()
-{
-    DEVICE();
-    const QList<ControlPlace>& controls = device.controls();
-    for (const ControlPlace& labelled : controls) {
-        for (const ControlPlace& other : controls) {
-            const QString pair = labelled.id + " and " + other.id;
-            QVERIFY2(!other.shape.intersects(QRectF(labelled.labelGrown)), qPrintable(pair));
-            if (other.id != labelled.id)
-                QVERIFY2(!labelled.labelGrown.intersects(other.labelGrown), qPrintable(pair));
-        }
-    }
-}
-
-void DeviceFilesTest::linesJoinLabelAndKey()
-{
-    DEVICE();
-    for (const ControlPlace& control : device.controls()) {
-        const QRectF grown = control.labelGrown;
-        if (control.line.isNull()) {
-            const QRectF near = grown.adjusted(0, 0, 0, LabelDistance);
-            QVERIFY2(control.shape.intersects(near), qPrintable(control.id + " needs a line"));
-            continue;
-        }
-        QVERIFY2(grown.adjusted(-2, -2, 2, 2).contains(control.line.p1()), qPrintable(control.id));
-        QVERIFY2(!QRectF(control.labelAtRest).adjusted(2, 2, -2, -2).contains(control.line.p1()),
-            qPrintable(control.id + ": the line starts under the label"));
-        QVERIFY2(control.shape.contains(control.line.p2()), qPrintable(control.id));
-    }
-}
-
-void DeviceFilesTest::modeButtonsStandFree()
-{
-    DEVICE();
-    QList<QRectF> places;
-    for (const PicturePlace& mode : device.modes()) {
-        const QSizeF growth = QSizeF(mode.rect().size()) * ((PulseScale - 1) / 2);
-        const QRectF place =
-            QRectF(mode.rect()).adjusted(-growth.width(), -growth.height(), growth.width(), growth.height());
-        QVERIFY2(QRectF(Canvas::DeviceArea).contains(place), qPrintable(mode.id));
-        for (const ControlPlace& control : device.controls()) {
-            QVERIFY2(!control.shape.intersects(place), qPrintable(mode.id + " and " + control.id));
-            QVERIFY2(!QRectF(control.labelGrown).intersects(place), qPrintable(mode.id + ", " + control.id));
-        }
-        for (const QRectF& other : places)
-            QVERIFY2(!other.intersects(place), qPrintable(mode.id));
-        places << place;
-    }
-}
-
 void DeviceFilesTest::modeButtonLooksDiffer()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     for (const PicturePlace& mode : device.modes()) {
         const double normal = brightness(mode.pictures[0]);
         const double hover = brightness(mode.pictures[1]);
@@ -443,23 +219,9 @@ void DeviceFilesTest::modeButtonLooksDiffer()
     }
 }
 
-void DeviceFilesTest::pulseGlowsStayOnTheCanvas()
-{
-    DEVICE();
-    QVERIFY(!device.glows().isEmpty());
-    for (const PicturePlace& glow : device.glows()) {
-        QVERIFY2(isVisible(glow.pictures.first()), qPrintable(glow.id));
-        QVERIFY2(Canvas::DeviceArea.contains(glow.rect()), qPrintable(glow.id));
-        for (const ControlPlace& control : device.controls()) {
-            if (control.types.contains(glow.type))
-                QVERIFY2(QRectF(glow.rect()).contains(control.shape.boundingRect()), qPrintable(control.id));
-        }
-    }
-}
-
 void DeviceFilesTest::eachControlTypeHasItsGlow()
 {
-    DEVICE();
+    const DeviceScene& device = currentDevice();
     QStringList lit;
     for (const PicturePlace& glow : device.glows())
         lit << glow.type;
@@ -474,38 +236,9 @@ void DeviceFilesTest::eachControlTypeHasItsGlow()
     QCOMPARE(sorted(lit), sorted(used.values()));
 }
 
-void DeviceFilesTest::stickLiesUnderTheOverlay()
-{
-    const DeviceScene& device = m_devices.at("K13Device");
-    const QPixmap overlay("K13Device:/images/K13_minijoystick_overlay.png");
-    QVERIFY(isVisible(overlay));
-    const QRectF place(Canvas::StickOverlay, QSizeF(overlay.size()));
-    QVERIFY(QRectF(Canvas::DeviceArea).contains(place));
-    for (const QString& id : numbered("G", 25, 29))
-        QVERIFY2(place.contains(find(device, id).shape.boundingRect()), qPrintable(id));
-    QCOMPARE(find(device, "G25").shape.boundingRect().center(), place.center());
-}
-
-void DeviceFilesTest::stickDirectionsLieAroundItsPress()
-{
-    const DeviceScene& device = m_devices.at("K13Device");
-    const auto centre = [&](const char* id) {
-        return find(device, id).shape.boundingRect().center();
-    };
-    const QPointF press = centre("G25");
-    QVERIFY(centre("G26").y() < press.y());
-    QVERIFY(centre("G27").x() > press.x());
-    QVERIFY(centre("G28").y() > press.y());
-    QVERIFY(centre("G29").x() < press.x());
-    // The mouse command takes G26 to G29, so those have to be the directions.
-    QCOMPARE(find(device, "G25").types, QStringList({"stick-press"}));
-    for (const QString& id : numbered("G", 26, 29))
-        QCOMPARE(find(device, id).types, QStringList({"stick-direction"}));
-}
-
 void DeviceFilesTest::mouseClicksAreRequired()
 {
-    const DeviceScene& device = m_devices.at("M5Device");
+    const DeviceScene& device = deviceOf("M5Device");
     QCOMPARE(device.record()["profiler"]["category"].toString(), QString(DeviceIds::MouseCategory));
     QSet<QString> names;
     for (const ControlPlace& control : device.controls()) {
@@ -516,15 +249,15 @@ void DeviceFilesTest::mouseClicksAreRequired()
         names << control.genericName;
     }
     QCOMPARE(names.size(), device.controls().size());
-    QCOMPARE(find(device, "G1").genericName, QString("Left Click"));
-    QVERIFY(find(device, "G1").isGenericRequired);
-    QCOMPARE(find(device, "G2").genericName, QString("Right Click"));
-    QVERIFY(find(device, "G2").isGenericRequired);
+    QCOMPARE(control(device, "G1").genericName, QString("Left Click"));
+    QVERIFY(control(device, "G1").isGenericRequired);
+    QCOMPARE(control(device, "G2").genericName, QString("Right Click"));
+    QVERIFY(control(device, "G2").isGenericRequired);
 }
 
 void DeviceFilesTest::onlyTheControllerHasADisplay()
 {
-    for (const auto& [alias, device] : m_devices) {
+    for (const auto& [alias, device] : devices()) {
         const QDomElement lcd = device.manifest().firstChildElement("lcd");
         const bool isController = device.record()["device_model"].toString() == DeviceIds::K13Model;
         QCOMPARE(!lcd.isNull(), isController);

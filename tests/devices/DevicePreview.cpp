@@ -52,8 +52,8 @@ void drawOutlines(QPainter& painter, const ControlPlace& control)
 /// device_preview <alias> <picture.png> [home|labels|hotspots|glows]
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    const QStringList arguments = application.arguments();
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
         std::fputs("usage: device_preview <alias> <picture.png> [home|labels|hotspots|glows]\n", stderr);
         return 2;

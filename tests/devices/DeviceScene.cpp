@@ -52,7 +52,7 @@ void readShape(const cJsonValue& record, ControlPlace& control)
 {
     QPolygonF corners;
     if (record.contains("points")) {
-        const cJsonValue points = record["points"];
+        const cJsonValue& points = record["points"];
         for (int i = 0; i < int(points.size()); ++i)
             corners << point(points[i], "x", "y");
         control.shape.addPolygon(corners);
@@ -68,8 +68,8 @@ void readShape(const cJsonValue& record, ControlPlace& control)
     QGraphicsPathItem item(control.shape);
     item.setPen(QPen(Qt::black, KeyPenWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QRect bounds = item.boundingRect().toRect();
-    control.glowPosition = QPointF(bounds.x() + bounds.width() / 2 - control.glow.width() / 2.0,
-        bounds.y() + bounds.height() / 2 - control.glow.height() / 2.0);
+    const QPoint middle(bounds.x() + bounds.width() / 2, bounds.y() + bounds.height() / 2);
+    control.glowPosition = middle - QPointF(control.glow.width() / 2.0, control.glow.height() / 2.0);
 
     control.contextButton.setSize(Canvas::ContextButton);
     if (record.contains("context_button")) {
@@ -113,7 +113,7 @@ ControlPlace readControl(const cJsonValue& record)
 {
     ControlPlace control;
     control.id = text(record, "control_id");
-    const cJsonValue types = record["control_types"];
+    const cJsonValue& types = record["control_types"];
     for (int i = 0; i < int(types.size()); ++i)
         control.types << text(types[i], "control_type");
     control.genericType = text(record, "generic_assignment_type");
@@ -183,7 +183,7 @@ void DeviceScene::readPictures()
 {
     const cJsonValue modes = m_record["mstates"];
     for (int i = 0; i < int(modes.size()); ++i) {
-        const cJsonValue mode = modes[i];
+        const cJsonValue& mode = modes[i];
         m_modes << PicturePlace {text(mode, "id"), point(mode, "left", "top"),
             {QPixmap(text(mode, "normal_image")), QPixmap(text(mode, "hover_image")),
                 QPixmap(text(mode, "on_image"))},
@@ -191,8 +191,8 @@ void DeviceScene::readPictures()
     }
     const cJsonValue glows = m_record["pulseGlows"];
     for (int i = 0; i < int(glows.size()); ++i) {
-        const cJsonValue glow = glows[i];
-        const cJsonValue types = glow["pulse_glow_image_types"];
+        const cJsonValue& glow = glows[i];
+        const cJsonValue& types = glow["pulse_glow_image_types"];
         // Of the types of glow number n the view reads the one with number n.
         m_glows << PicturePlace {text(glow, "pulse_glow_image"),
             point(glow, "pulse_glow_image_x", "pulse_glow_image_y"),
