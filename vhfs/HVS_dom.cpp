@@ -59,11 +59,10 @@ QString decode(const QByteArray& bytes, QString& text)
         QStringLiteral(R"(^(?:\xef\xbb\xbf)?<\?xml\s[^>]*\bencoding\s*=\s*["']([\w.:-]+)["'])"));
     constexpr int declarationLength = 256;
     const QString name = declaration.match(QString::fromLatin1(bytes.left(declarationLength))).captured(1);
-    const QTextCodec* declared = QTextCodec::codecForName(name.isEmpty() ? "UTF-8" : name.toLatin1());
+    QTextCodec* declared = QTextCodec::codecForName(name.isEmpty() ? "UTF-8" : name.toLatin1());
     if (!declared)
         return QStringLiteral("its encoding %1 is unknown").arg(name);
-    const QTextCodec* codec =
-        QTextCodec::codecForUtfText(bytes, const_cast<QTextCodec*>(declared)); // NOLINT(*-const-cast)
+    const QTextCodec* codec = QTextCodec::codecForUtfText(bytes, declared);
     QTextCodec::ConverterState state;
     text = codec->toUnicode(bytes.constData(), bytes.size(), &state);
     if (state.invalidChars > 0 || state.remainingChars > 0)

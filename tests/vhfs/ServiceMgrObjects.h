@@ -55,7 +55,7 @@ public:
     {
         noteNumbers({a, b, c, d, e, f, g, h, i, j});
     }
-    Q_INVOKABLE void byValue(QString text) { note("byValue " + text); } // NOLINT(*-unnecessary-value-param)
+    Q_INVOKABLE void byValue(QString text) { note("byValue " + text); }
     Q_INVOKABLE void byConstReference(const QString& text) { note("byConstReference " + text); }
     Q_INVOKABLE void byReference(QString& text) { note("byReference " + text); }
     Q_INVOKABLE void byPointer(QObject* object) { note("byPointer " + object->objectName()); }
@@ -147,10 +147,7 @@ class DerivedService : public TestService
     Q_OBJECT
 
 public:
-    Q_INVOKABLE void byValue(QString text)
-    {
-        note("derived byValue " + text);
-    } // NOLINT(*-unnecessary-value-param)
+    Q_INVOKABLE void byValue(QString text) { note("derived byValue " + text); }
     Q_INVOKABLE void virtualOperation() override { note("derived virtualOperation"); }
     Q_INVOKABLE void derivedOnly() { note("derivedOnly"); }
 };

@@ -243,7 +243,7 @@ RandomValues::Target RandomValues::randomTarget()
     if (!writable.empty() && random(2) == 0) {
         const Reference* reference = writable[std::size_t(random(int(writable.size())))];
         // It was handed out for writing.
-        return {const_cast<cJsonValue*>(reference->value), reference->model}; // NOLINT(*-const-cast)
+        return {const_cast<cJsonValue*>(reference->value), reference->model};
     }
     Root& root = *m_roots[std::size_t(random(int(m_roots.size())))];
     return {&root.value, &root.model};
