@@ -11,7 +11,7 @@ class QDomDocument;
 namespace HVS {
 
 /// Largest file that FileReadDom() reads, in bytes.
-constexpr qint64 MaxDomFileSize = 64 * 1024 * 1024;
+constexpr qint64 MaxDomFileSize = qint64(64) * 1024 * 1024;
 /// Deepest nesting of elements that FileReadDom() reads.
 constexpr int MaxDomDepth = 256;
 

@@ -5,9 +5,9 @@
 /// Names, places and times of the view. Lengths are pixels of the canvas's scene, times milliseconds.
 namespace ViewConstants {
 
-inline constexpr QLatin1String ViewId("macrobinding_view");
+inline const QLatin1String ViewId("macrobinding_view");
 /// The name under which the host's scripts see the view.
-inline constexpr QLatin1String ScriptObjectName("MacroBindingView");
+inline const QLatin1String ScriptObjectName("MacroBindingView");
 
 /// How long the panes and the mask move, and how long they wait for it after init().
 inline constexpr int PaneAnimationTime = 250;

@@ -4,7 +4,7 @@
 
 /// Where the plug-in's help lies in the host's help.
 namespace HelpTopics {
-inline constexpr QLatin1String Section("com.veltrano.profile");
+inline const QLatin1String Section("com.veltrano.profile");
 /// Opened for the view itself; the dialogs name their own topics.
-inline constexpr QLatin1String View("customizing_gkeys.htm");
+inline const QLatin1String View("customizing_gkeys.htm");
 } // namespace HelpTopics

@@ -43,4 +43,8 @@ public:
 
     /// True if the form holds enough for a command.
     virtual bool canAddMacro() = 0;
+
+Q_SIGNALS:
+    /// The form has changed so that the command's name should be this; also sent when only canAddMacro() has changed.
+    void nameChanged(const QString& macroName);
 };

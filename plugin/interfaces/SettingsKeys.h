@@ -5,11 +5,11 @@
 /// The paths that the plug-in keeps in ISettings.
 namespace SettingsKeys {
 /// bool: the first start has offered its game scan.
-inline constexpr QLatin1String AutoScannedForGames("profiler/autoScannedForGames");
+inline const QLatin1String AutoScannedForGames("profiler/autoScannedForGames");
 /// string: id of the profile that was current last.
-inline constexpr QLatin1String LastProfile("profiler/lastProfile");
+inline const QLatin1String LastProfile("profiler/lastProfile");
 /// string: folder of the last import.
-inline constexpr QLatin1String LastImportDir("profiler/lastimportdir");
+inline const QLatin1String LastImportDir("profiler/lastimportdir");
 /// string: folder of the last export.
-inline constexpr QLatin1String LastExportDir("profiler/lastexportdir");
+inline const QLatin1String LastExportDir("profiler/lastexportdir");
 } // namespace SettingsKeys

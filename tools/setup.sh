@@ -1,0 +1,53 @@
+# Shared by run.sh and test.sh: what the machine needs, and the build. Meant to be sourced.
+
+project_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+# Debian packages by purpose.
+build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libqt5svg5-dev nlohmann-json3-dev)
+# Fonts for the window, icons out of Windows executables, and a display where the machine has none.
+run_packages=(fonts-liberation icoutils xvfb xauth openbox)
+# binutils reads the symbol table of the plug-in, librsvg2-bin compares pictures with their sources.
+test_packages=(xdotool x11-utils binutils librsvg2-bin)
+lint_packages=(clang-format clang-tidy git)
+
+say() { printf '%s\n' "$*" >&2; }
+
+# install_missing PACKAGE...: installs what is not there yet, as root or through sudo.
+install_missing()
+{
+    local package missing=()
+    for package in "$@"; do
+        if [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
+            missing+=("$package")
+        fi
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            say "These packages are missing: ${missing[*]}"
+            say "Install them as root, or install sudo: apt-get install ${missing[*]}"
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    say "Installing with apt-get: ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# build PRESET [TARGET...]: configures once and builds.
+build()
+{
+    local preset=$1
+    shift
+    cd "$project_dir"
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        say "Configuring build/$preset"
+        cmake --preset "$preset" >/dev/null
+    fi
+    say "Building build/$preset"
+    cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet
+}
