@@ -1,6 +1,7 @@
 #include "Samples.h"
 #include "ServiceTable.h"
 
+#include <MethodText.h>
 #include <RecordingHost.h>
 #include <TestCase.h>
 
@@ -10,23 +11,6 @@
 using ServiceTable::Operation;
 using ServiceTable::Outcome;
 using ServiceTable::Service;
-
-namespace {
-
-/// A method as the table has it: "bool addMacro(QString profileID, cJsonValue macro)".
-QString signatureOf(const QMetaMethod& method)
-{
-    QStringList parameters;
-    for (int i = 0; i < method.parameterCount(); ++i) {
-        parameters.append(
-            QString::fromLatin1(method.parameterTypes().at(i) + ' ' + method.parameterNames().at(i)));
-    }
-    return QStringLiteral("%1 %2(%3)")
-        .arg(QLatin1String(method.typeName()), QLatin1String(method.name()),
-            parameters.join(QLatin1String(", ")));
-}
-
-} // namespace
 
 class ServiceClientsTest : public TestCase
 {
@@ -140,7 +124,7 @@ void ServiceClientsTest::interfaceHasItsOperationsInOrder()
         const QMetaMethod method = service.interface->method(i);
         QCOMPARE(method.methodType(), QMetaMethod::Method);
         QCOMPARE(method.access(), QMetaMethod::Public);
-        found.append(signatureOf(method));
+        found.append(QLatin1String(method.typeName()) + QLatin1Char(' ') + methodText(method));
     }
     QCOMPARE(found, expected);
 }
