@@ -63,9 +63,11 @@ public:
     QString getProfileId() const { return m_profileId; }
     QStringList getControlIds() const { return m_controlIds; }
 
-    /// The device metadata record, made from the manifest that IDevMgr has for the model. Keys are there when
-    /// their element or attribute is; an unknown model gives a record whose `device_model` and
-    /// `profiler.category` are empty. Lengths are in pixels of the canvas.
+    /// The device metadata record, made from the manifest that IDevMgr has for the model. A group of keys is
+    /// there when its element is; an attribute that is missing or malformed reads as an empty text, 0 or
+    /// false. An unknown model gives a record whose `device_model` and `profiler.category` are empty. Lengths
+    /// are in pixels of the canvas; they are integers but for a polygon's bounds (`x`, `y`, `polywidth`,
+    /// `polyheight`), which are reals like `scale`.
     cJsonValue readDeviceMetadata(const QString& deviceModel) const;
 
 public Q_SLOTS:
