@@ -41,7 +41,7 @@ inline std::unique_ptr<Objects> objects;
 template<typename T>
 T sample(int seed)
 {
-    const QString text = QStringLiteral("text %1").arg(seed);
+    QString text = QStringLiteral("text %1").arg(seed);
     if constexpr (std::is_same_v<T, bool>) {
         return seed % 2 != 0;
     } else if constexpr (std::is_enum_v<T>) {

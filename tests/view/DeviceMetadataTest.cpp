@@ -462,7 +462,7 @@ void DeviceMetadataTest::tenThousandControlsAreReadInTime()
     QCOMPARE(hotspots.size(), unsigned(Count));
     QCOMPARE(hotspots[Count - 1]["control_id"].toString(), QStringLiteral("G%1").arg(Count));
     // Far above what it takes; a reader that walks the list anew for each control takes longer.
-    QVERIFY2(elapsed < 3000, qPrintable(QStringLiteral("%1 ms").arg(elapsed)));
+    QVERIFY2(elapsed < 10000, qPrintable(QStringLiteral("%1 ms").arg(elapsed)));
 }
 
 void DeviceMetadataTest::deepNestingInIgnoredElementsIsHarmless()
