@@ -461,7 +461,7 @@ void DeviceMetadataTest::tenThousandControlsAreReadInTime()
     const qint64 elapsed = timer.elapsed();
     QCOMPARE(hotspots.size(), unsigned(Count));
     QCOMPARE(hotspots[Count - 1]["control_id"].toString(), QStringLiteral("G%1").arg(Count));
-    // Far above what it takes; a reader that walks the list anew for each control takes longer.
+    // A wide margin, for sanitizers and machines under load: it takes a fifth of a second.
     QVERIFY2(elapsed < 10000, qPrintable(QStringLiteral("%1 ms").arg(elapsed)));
 }
 
