@@ -57,13 +57,14 @@ bool cMacroBindingView::init(cJsonValue viewInfo, QGraphicsView* canvas)
         return false;
     m_leaving = false;
     m_canvas = canvas;
+    m_scene = canvas->scene();
     m_deviceModel = viewInfo["device_model"].toString();
     m_metadata = readDeviceMetadata(m_deviceModel);
 
     m_rootItem = new QGraphicsRectItem;
     m_rootItem->setRect(canvas->sceneRect());
     m_rootItem->setPos(0, 0);
-    canvas->scene()->addItem(m_rootItem);
+    m_scene->addItem(m_rootItem);
 
     QTimer::singleShot(PaneAnimationTime, this, SLOT(onPaneAndMaskEnterAnimation()));
 

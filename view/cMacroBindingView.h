@@ -7,6 +7,7 @@
 #include <QList>
 #include <QMap>
 #include <QPoint>
+#include <QPointer>
 #include <QPointF>
 #include <QString>
 #include <QStringList>
@@ -25,6 +26,7 @@ class Gkey;
 class MagnetTextItem;
 class QFrame;
 class QGraphicsRectItem;
+class QGraphicsScene;
 class QGraphicsView;
 class QPropertyAnimation;
 
@@ -45,8 +47,8 @@ public:
     cMacroBindingView();
     ~cMacroBindingView() override;
 
-    /// The view of the process, made at the first call. Once the plug-in has deleted it, it is not made
-    /// again.
+    /// The view of the process, made at the first call. It is not made again: once the plug-in has deleted
+    /// the view, the pointer leads nowhere and this must not be called.
     static cMacroBindingView* instance();
 
     /// False, with nothing changed, if the canvas is null or has no scene.
@@ -61,9 +63,11 @@ public:
     QString getProfileId() const { return m_profileId; }
     QStringList getControlIds() const { return m_controlIds; }
 
-    /// The device metadata record, made from the manifest that IDevMgr has for the model. Keys are there when
-    /// their element or attribute is; an unknown model gives a record whose `device_model` and
-    /// `profiler.category` are empty. Lengths are in pixels of the canvas.
+    /// The device metadata record, made from the manifest that IDevMgr has for the model. A group of keys is
+    /// there when its element is; an attribute that is missing or malformed reads as an empty text, 0 or
+    /// false. An unknown model gives a record whose `device_model` and `profiler.category` are empty. Lengths
+    /// are in pixels of the canvas; they are integers but for a polygon's bounds (`x`, `y`, `polywidth`,
+    /// `polyheight`), which are reals like `scale`.
     cJsonValue readDeviceMetadata(const QString& deviceModel) const;
 
 public Q_SLOTS:
@@ -138,10 +142,10 @@ private:
     // deinit() unless a line says otherwise.
 
     /// The host's.
-    QGraphicsView* m_canvas = nullptr;
+    QPointer<QGraphicsView> m_canvas;
     /// Parent of all items that are bound to the device; as large as the canvas's scene.
     QGraphicsRectItem* m_rootItem = nullptr;
-    QFrame* m_commandFrame = nullptr;
+    QPointer<QFrame> m_commandFrame;
     cGraphicsText* m_hintText = nullptr;
     QList<cPulseGlowImage*> m_pulseGlows;
     cMacroList* m_macroList = nullptr;
@@ -163,8 +167,8 @@ private:
     bool m_sceneBuilt = false;
     QString m_deviceModel;
     cJsonValue m_metadata;
-    QFrame* m_profileFrame = nullptr;
-    QFrame* m_profileSearchFrame = nullptr;
+    QPointer<QFrame> m_profileFrame;
+    QPointer<QFrame> m_profileSearchFrame;
     bool m_inForeground = true;
     // The panes, the mask and their animations outlive deinit() by the length of the exit.
     QPropertyAnimation* m_commandPaneAnimation = nullptr;
@@ -183,4 +187,7 @@ private:
     QString m_profilesToGoDeviceId;
     /// A child of m_commandFrame.
     cAnimatedPixmapWidget* m_syncButton = nullptr;
+    /// The host's: the scene that holds the items since init(). A host that deletes it early deletes the
+    /// items with it.
+    QPointer<QGraphicsScene> m_scene;
 };

@@ -5,6 +5,7 @@
 
 #include <QFrame>
 #include <QGraphicsRectItem>
+#include <QGraphicsScene>
 
 #include <utility>
 
@@ -19,11 +20,13 @@ void cMacroBindingView::onPopulatedMacros()
 
 void cMacroBindingView::removeScene()
 {
-    delete std::exchange(m_rootItem, nullptr);
-    for (QFrame** frame : {&m_profileFrame, &m_profileSearchFrame, &m_commandFrame}) {
+    QGraphicsRectItem* rootItem = std::exchange(m_rootItem, nullptr);
+    if (m_scene)
+        delete rootItem;
+    for (QPointer<QFrame>* frame : {&m_profileFrame, &m_profileSearchFrame, &m_commandFrame}) {
         if (*frame)
             (*frame)->hide();
-        delete std::exchange(*frame, nullptr);
+        delete *frame;
     }
     m_profileBar = nullptr;
     for (const QLatin1String source :

@@ -31,7 +31,8 @@ inline const QLatin1String AssignmentRemoved("AssignmentRemoved");
 inline const QLatin1String ProfileSelectionChanging("ProfileSelectionChanging");
 inline const QLatin1String ProfileSelectionChanged("ProfileSelectionChanged");
 inline const QLatin1String MStateChanged("MStateChanged");
-// MainUI_Events
+// MainUI_Events. Who hears the beginning ends the transform after that event has been delivered, never in its
+// own handler: the view that published it is ready for the end only then.
 inline const QLatin1String DeviceTransformBegin("DeviceTransformBegin");
 inline const QLatin1String DeviceTransformEnd("DeviceTransformEnd");
 // MainApp_Events

@@ -8,6 +8,10 @@ class QGraphicsView;
 
 /// A view that a plug-in adds to the page of a device. The host calls it in this order: viewInfo() at any
 /// time; init(), activate(); deactivate(), deinit(); then init() again or the end.
+///
+/// The host and each plug-in have a copy of this class's meta-object of their own, so qobject_cast and
+/// QVariant::value do not see through from one to the other. A pointer that is passed on as an IFeatureView*
+/// needs no cast.
 class IFeatureView : public QObject
 {
     Q_OBJECT

@@ -123,6 +123,11 @@ QStringList RecordingHost::takeLog()
     return std::exchange(m_log, {});
 }
 
+void RecordingHost::note(const QString& line)
+{
+    m_log.append(line);
+}
+
 void RecordingHost::clear()
 {
     m_calls.clear();

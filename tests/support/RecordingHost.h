@@ -92,6 +92,8 @@ public:
     /// as "require Profiler.ProfileMgr 1", "register ProfilerWidgetFactory", "subscribe MainUI_Events on",
     /// "publish MainUI_Events DeviceTransformBegin(cJsonValue {})".
     QStringList takeLog();
+    /// Adds a line of the test's own to the log, to see what comes before and behind it.
+    void note(const QString& line);
     void clear();
 
     // The events that the host sends, with their exact parameters.

@@ -19,7 +19,6 @@
 
 #include <QHash>
 #include <QMetaClassInfo>
-#include <QScriptValue>
 #include <QWidget>
 
 const QMetaObject* serviceInterface(const QString& serviceName)

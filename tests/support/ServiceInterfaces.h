@@ -3,6 +3,7 @@
 #include <QDomElement>
 #include <QMetaType>
 #include <QScriptEngine>
+#include <QScriptValue>
 #include <QString>
 
 struct QMetaObject;
@@ -19,3 +20,4 @@ void registerServiceTypes();
 
 Q_DECLARE_METATYPE(QDomElement)
 Q_DECLARE_METATYPE(QScriptEngine*)
+Q_DECLARE_METATYPE(QScriptValue)

@@ -43,11 +43,13 @@ QString valueText(const QVariant& value)
         const QSize size = value.value<QPixmap>().size();
         return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
     }
+    // The address as it stands: value() casts along the meta-objects, and a view that comes from the library
+    // has an interface of its own there.
     if (type == qMetaTypeId<IFeatureView*>())
-        return objectText(value.value<IFeatureView*>());
+        return objectText(*static_cast<IFeatureView* const*>(value.constData()));
     if (QMetaType::typeFlags(type) & QMetaType::PointerToQObject)
         return objectText(value.value<QObject*>());
     if (QMetaType::typeFlags(type) & QMetaType::IsEnumeration)
         return QString::number(*static_cast<const int*>(value.constData()));
-    return value.toString();
+    return value.canConvert<QString>() ? value.toString() : QString::fromLatin1(value.typeName());
 }
