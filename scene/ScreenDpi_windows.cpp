@@ -1,0 +1,13 @@
+#include "ScreenDpi.h"
+
+#include <qt_windows.h>
+
+qreal screenHorizontalDpi()
+{
+    const HDC screen = GetDC(nullptr);
+    if (!screen)
+        return DesignDpi;
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return dpi > 0 ? dpi : DesignDpi;
+}
