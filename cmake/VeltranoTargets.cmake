@@ -43,7 +43,9 @@ endfunction()
 function(veltrano_test name)
     cmake_parse_arguments(arg "" "" "LABELS;LINK;SOURCES" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE test_support ${arg_LINK})
+    # The plug-in's objects themselves: its folders use what stands beside the entry point, which an archive before them
+    # would not hand out.
+    target_link_libraries(${name} PRIVATE plugin_entry test_support ${arg_LINK})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
     veltrano_target(${name})
     if("window" IN_LIST arg_LABELS)
