@@ -9,6 +9,20 @@ namespace {
 
 const QString Alias = QStringLiteral("TestPictures");
 
+/// The smallest rectangle around the pixels for which the function answers true.
+template<typename Predicate>
+QRect extentOf(const QImage& image, Predicate isPart)
+{
+    QRect found;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (isPart(x, y))
+                found |= QRect(x, y, 1, 1);
+        }
+    }
+    return found;
+}
+
 } // namespace
 
 TestPictures::TestPictures()
@@ -28,10 +42,12 @@ TestPictures::~TestPictures()
     QPixmapCache::clear();
 }
 
-void TestPictures::add(const QString& name, const QPixmap& picture)
+QString TestPictures::add(const QString& name, const QPixmap& picture)
 {
-    if (!picture.save(m_folder.filePath(QStringLiteral("Resources/images/") + name)))
+    const QString path = m_folder.filePath(QStringLiteral("Resources/images/") + name);
+    if (!picture.save(path))
         qFatal("can't store the picture %s", qPrintable(name));
+    return path;
 }
 
 QPixmap filledPicture(int width, int height, const QColor& color)
@@ -43,12 +59,23 @@ QPixmap filledPicture(int width, int height, const QColor& color)
 
 QRect inkExtent(const QImage& image)
 {
-    QRect found;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) > 0)
-                found |= QRect(x, y, 1, 1);
+    return extentOf(image, [&](int x, int y) { return qAlpha(image.pixel(x, y)) > 0; });
+}
+
+QRect colorExtent(const QImage& image, const QColor& color)
+{
+    return extentOf(image, [&](int x, int y) { return image.pixel(x, y) == color.rgba(); });
+}
+
+bool isFilled(const QImage& image, const QRect& place, const QColor& color)
+{
+    if (colorExtent(image, color) != place)
+        return false;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int x = place.left(); x <= place.right(); ++x) {
+            if (image.pixel(x, y) != color.rgba())
+                return false;
         }
     }
-    return found;
+    return true;
 }

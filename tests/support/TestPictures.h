@@ -17,8 +17,8 @@ public:
     TestPictures();
     ~TestPictures();
 
-    /// Stores the picture as Resources/images/`name`.
-    void add(const QString& name, const QPixmap& picture);
+    /// Stores the picture as Resources/images/`name` and returns its path.
+    QString add(const QString& name, const QPixmap& picture);
 
 private:
     QTemporaryDir m_folder;
@@ -30,3 +30,9 @@ QPixmap filledPicture(int width, int height, const QColor& color);
 
 /// The smallest rectangle around the pixels that are not fully transparent.
 QRect inkExtent(const QImage& image);
+
+/// The smallest rectangle around the pixels of that colour.
+QRect colorExtent(const QImage& image, const QColor& color);
+
+/// True if all pixels of the rectangle have the colour, and no others have it.
+bool isFilled(const QImage& image, const QRect& place, const QColor& color);
