@@ -1,5 +1,6 @@
 #include <NineSlice.h>
 #include <TestCase.h>
+#include <TestPictures.h>
 
 #include <QImage>
 #include <QMargins>
@@ -7,63 +8,29 @@
 
 namespace {
 
-const QColor Background(1, 2, 3);
-
-QPixmap filled(int width, int height, Qt::GlobalColor color)
-{
-    QPixmap picture(width, height);
-    picture.fill(color);
-    return picture;
-}
-
 /// Corners of 4 by 3, edges of 5 along the frame, each in a colour of its own.
 NineSlice markedPieces()
 {
     NineSlice pieces;
-    pieces.topLeft = filled(4, 3, Qt::red);
-    pieces.top = filled(5, 3, Qt::green);
-    pieces.topRight = filled(4, 3, Qt::blue);
-    pieces.left = filled(4, 5, Qt::cyan);
-    pieces.center = filled(2, 2, Qt::white);
-    pieces.right = filled(4, 5, Qt::magenta);
-    pieces.bottomLeft = filled(4, 3, Qt::yellow);
-    pieces.bottom = filled(5, 3, Qt::gray);
-    pieces.bottomRight = filled(4, 3, Qt::darkRed);
+    pieces.topLeft = filledPicture(4, 3, Qt::red);
+    pieces.top = filledPicture(5, 3, Qt::green);
+    pieces.topRight = filledPicture(4, 3, Qt::blue);
+    pieces.left = filledPicture(4, 5, Qt::cyan);
+    pieces.center = filledPicture(2, 2, Qt::white);
+    pieces.right = filledPicture(4, 5, Qt::magenta);
+    pieces.bottomLeft = filledPicture(4, 3, Qt::yellow);
+    pieces.bottom = filledPicture(5, 3, Qt::gray);
+    pieces.bottomRight = filledPicture(4, 3, Qt::darkRed);
     return pieces;
 }
 
 QImage drawn(const NineSlice& pieces, const QRect& target, const QMargins& insets)
 {
-    QImage image(60, 50, QImage::Format_RGB32);
-    image.fill(Background);
+    QImage image(60, 50, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
     pieces.draw(painter, target, insets);
     return image;
-}
-
-/// The smallest rectangle around the pixels of that colour.
-QRect extent(const QImage& image, const QColor& color)
-{
-    QRect found;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == color)
-                found |= QRect(x, y, 1, 1);
-        }
-    }
-    return found;
-}
-
-/// True if the rectangle is the extent of the colour and has no pixel of another one.
-bool fills(const QImage& image, const QColor& color, const QRect& place)
-{
-    for (int y = place.top(); y <= place.bottom(); ++y) {
-        for (int x = place.left(); x <= place.right(); ++x) {
-            if (image.pixelColor(x, y) != color)
-                return false;
-        }
-    }
-    return extent(image, color) == place;
 }
 
 } // namespace
@@ -104,7 +71,7 @@ void NineSliceTest::eachPieceStandsInItsPlace()
     QFETCH(QColor, color);
     QFETCH(QRect, place);
     const QImage image = drawn(markedPieces(), QRect(7, 11, 30, 20), QMargins(4, 3, 4, 3));
-    QVERIFY2(fills(image, color, place), qPrintable(QTest::toString(extent(image, color))));
+    QVERIFY2(isFilled(image, place, color), qPrintable(QTest::toString(colorExtent(image, color))));
 }
 
 void NineSliceTest::frameFillsTheTargetAndNoMore()
@@ -114,7 +81,7 @@ void NineSliceTest::frameFillsTheTargetAndNoMore()
     int painted = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == Background)
+            if (qAlpha(image.pixel(x, y)) == 0)
                 continue;
             QVERIFY(target.contains(x, y));
             ++painted;
@@ -125,42 +92,40 @@ void NineSliceTest::frameFillsTheTargetAndNoMore()
 
 void NineSliceTest::nullPiecesDrawNothing()
 {
-    QImage empty(60, 50, QImage::Format_RGB32);
-    empty.fill(Background);
-    QCOMPARE(drawn(NineSlice(), QRect(7, 11, 30, 20), QMargins(4, 3, 4, 3)), empty);
+    QVERIFY(inkExtent(drawn(NineSlice(), QRect(7, 11, 30, 20), QMargins(4, 3, 4, 3))).isNull());
 
     NineSlice pieces = markedPieces();
     pieces.left = QPixmap();
     const QImage image = drawn(pieces, QRect(7, 11, 30, 20), QMargins(4, 3, 4, 3));
-    QVERIFY(fills(image, Qt::white, QRect(11, 14, 22, 14)));
-    QCOMPARE(image.pixelColor(7, 20), Background);
+    QVERIFY(isFilled(image, QRect(11, 14, 22, 14), Qt::white));
+    QCOMPARE(qAlpha(image.pixel(7, 20)), 0);
 }
 
 void NineSliceTest::cornersAreNotScaled()
 {
     NineSlice pieces;
-    pieces.topLeft = filled(4, 3, Qt::red);
+    pieces.topLeft = filledPicture(4, 3, Qt::red);
     const QImage image = drawn(pieces, QRect(0, 0, 40, 40), QMargins(9, 9, 9, 9));
-    QVERIFY(fills(image, Qt::red, QRect(0, 0, 4, 3)));
+    QVERIFY(isFilled(image, QRect(0, 0, 4, 3), Qt::red));
 }
 
 void NineSliceTest::targetWithoutRoomHasCornersAlone()
 {
     const QImage image = drawn(markedPieces(), QRect(10, 10, 8, 6), QMargins(4, 3, 4, 3));
-    QVERIFY(fills(image, Qt::red, QRect(10, 10, 4, 3)));
-    QVERIFY(fills(image, Qt::blue, QRect(14, 10, 4, 3)));
-    QVERIFY(fills(image, Qt::yellow, QRect(10, 13, 4, 3)));
-    QVERIFY(fills(image, Qt::darkRed, QRect(14, 13, 4, 3)));
+    QVERIFY(isFilled(image, QRect(10, 10, 4, 3), Qt::red));
+    QVERIFY(isFilled(image, QRect(14, 10, 4, 3), Qt::blue));
+    QVERIFY(isFilled(image, QRect(10, 13, 4, 3), Qt::yellow));
+    QVERIFY(isFilled(image, QRect(14, 13, 4, 3), Qt::darkRed));
     for (const Qt::GlobalColor color : {Qt::green, Qt::cyan, Qt::white, Qt::magenta, Qt::gray})
-        QVERIFY(extent(image, color).isNull());
+        QVERIFY(colorExtent(image, color).isNull());
 }
 
 void NineSliceTest::targetSmallerThanItsInsetsStretchesNothing()
 {
     const QImage image = drawn(markedPieces(), QRect(10, 10, 6, 4), QMargins(4, 3, 4, 3));
     for (const Qt::GlobalColor color : {Qt::green, Qt::cyan, Qt::white, Qt::magenta, Qt::gray})
-        QVERIFY(extent(image, color).isNull());
-    QCOMPARE(extent(image, Qt::darkRed), QRect(12, 11, 4, 3));
+        QVERIFY(colorExtent(image, color).isNull());
+    QCOMPARE(colorExtent(image, Qt::darkRed), QRect(12, 11, 4, 3));
     drawn(markedPieces(), QRect(), QMargins(4, 3, 4, 3));
 }
 
@@ -168,9 +133,9 @@ void NineSliceTest::rightEdgeLiesOverTheCornerWhereTheyMeet()
 {
     NineSlice pieces = markedPieces();
     // Taller than its inset, so that it reaches into the edge below it.
-    pieces.topRight = filled(4, 8, Qt::blue);
+    pieces.topRight = filledPicture(4, 8, Qt::blue);
     const QImage image = drawn(pieces, QRect(7, 11, 30, 20), QMargins(4, 3, 4, 3));
-    QVERIFY(fills(image, Qt::magenta, QRect(33, 14, 4, 14)));
+    QVERIFY(isFilled(image, QRect(33, 14, 4, 14), Qt::magenta));
 }
 
 VELTRANO_TEST_MAIN(NineSliceTest)

@@ -1,6 +1,7 @@
 #include <cScaledFont.h>
 #include <SceneConstants.h>
 #include <TestCase.h>
+#include <TestPictures.h>
 #include <TextPixmap.h>
 
 #include <QFontMetrics>
@@ -16,20 +17,6 @@ const QString RightToLeft = QString::fromUtf8("שלום עולם");
 cScaledFont textFont()
 {
     return cScaledFont(SceneConstants::TextFamily, 10);
-}
-
-/// The smallest rectangle around the pixels that are not fully transparent.
-QRect inkExtent(const QPixmap& picture)
-{
-    const QImage image = picture.toImage();
-    QRect found;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) > 0)
-                found |= QRect(x, y, 1, 1);
-        }
-    }
-    return found;
 }
 
 } // namespace
@@ -97,7 +84,7 @@ void TextPixmapTest::longTextIsMeasuredAndRendered()
     const QPixmap picture = TextPixmap::render(text, textFont(), QPen(Qt::white), Wrapped, bounds.size());
     QCOMPARE(picture.size(), bounds.size());
     const QFontMetrics metrics(textFont());
-    QVERIFY(inkExtent(picture).bottom() > bounds.height() - metrics.height());
+    QVERIFY(inkExtent(picture.toImage()).bottom() > bounds.height() - metrics.height());
 }
 
 void TextPixmapTest::emptySizeRendersANullPicture_data()
@@ -150,7 +137,7 @@ void TextPixmapTest::textIsCutOffAtTheEdges()
     const QPixmap picture =
         TextPixmap::render("WWWWWWWWWWWW", textFont(), QPen(Qt::white), Qt::TextSingleLine, QSize(30, 10));
     QCOMPARE(picture.size(), QSize(30, 10));
-    QCOMPARE(inkExtent(picture).right(), 29);
+    QCOMPARE(inkExtent(picture.toImage()).right(), 29);
 }
 
 void TextPixmapTest::rightToLeftTextKeepsToTheSideThatTheFlagsName()
@@ -160,12 +147,14 @@ void TextPixmapTest::rightToLeftTextKeepsToTheSideThatTheFlagsName()
     QVERIFY(bounds.width() > 0 && bounds.width() < 200);
 
     const QSize wider(200, bounds.height());
-    const QRect left = inkExtent(TextPixmap::render(RightToLeft, textFont(), pen, Wrapped, wider));
-    const QRect right = inkExtent(TextPixmap::render(RightToLeft, textFont(), pen, Qt::AlignRight, wider));
+    const QRect left = inkExtent(TextPixmap::render(RightToLeft, textFont(), pen, Wrapped, wider).toImage());
+    const QRect right =
+        inkExtent(TextPixmap::render(RightToLeft, textFont(), pen, Qt::AlignRight, wider).toImage());
     QVERIFY(left.left() < 5);
     QVERIFY(right.right() > 194);
     // The measured size is enough for all of the text.
-    const QRect exact = inkExtent(TextPixmap::render(RightToLeft, textFont(), pen, Wrapped, bounds.size()));
+    const QRect exact =
+        inkExtent(TextPixmap::render(RightToLeft, textFont(), pen, Wrapped, bounds.size()).toImage());
     QCOMPARE(exact.size(), left.size());
 }
 
