@@ -21,7 +21,7 @@ QRect measure(const QString& text, const QFont& font, int flags, const QRect& ar
 
 /// Pixels of the largest picture that render() makes: more than any text that is read, and a quarter of a
 /// gigabyte.
-constexpr qint64 MaxPixels = 64 * 1024 * 1024;
+constexpr int MaxPixels = 64 * 1024 * 1024;
 
 /// The text on a picture of that size, cut off at its edges. A null picture for an empty size, for one beyond
 /// MaxPixels, and if there is no memory for it.

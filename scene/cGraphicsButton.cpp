@@ -1,7 +1,6 @@
 #include "cGraphicsButton.h"
 
 #include "ButtonDescription.h"
-#include "PictureAlignment.h"
 #include "SceneConstants.h"
 
 #include <QCursor>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PictureAlignment.h"
 #include "StatePicture.h"
 
 #include <cJsonValue.h>
@@ -117,7 +118,7 @@ private:
     bool m_stretch = false;
     bool m_toggleFlag = false;
     cJsonValue m_userData;
-    int m_alignment = -1;
+    int m_alignment = PictureAlignment::Center;
     QPoint m_offset;
     QString m_userText;
     bool m_gradientEnabled = false;
