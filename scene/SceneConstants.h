@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QLatin1String>
+#include <QPoint>
+#include <QSize>
+
+/// Sizes, places and names of the scene's widgets. Lengths are pixels of the canvas's scene.
+namespace SceneConstants {
+
+/// The family of every text that is drawn on the canvas.
+inline const QLatin1String TextFamily("Arial");
+
+// cPanel
+/// Width of the border at each side, and the length of a corner's two sides.
+inline constexpr qreal PanelBorder = 21;
+/// Length of an edge's picture along the edge over which it is stretched.
+inline constexpr qreal PanelEdgeLength = 12;
+/// How far the right edge, and no other, reaches into the field.
+inline constexpr qreal PanelRightEdgeOverlap = 1;
+
+// cGraphicsText
+/// In points, see cScaledFont.
+inline constexpr qreal TextDesignSize = 10;
+/// The width at which a text is wrapped until it is told another one.
+inline constexpr int TextWidth = 256;
+/// The picture on which a text is measured.
+inline constexpr QSize TextScratchSize(900, 900);
+
+// cGraphicsButton
+/// Where the pointer holds the picture of a dragged button.
+inline constexpr QPoint ButtonDragHotSpot(15, 20);
+
+// cGraphicsRibbonButton
+/// The strip with the arrow stands over the main button.
+inline constexpr qreal RibbonMenuZ = 1;
+
+} // namespace SceneConstants
