@@ -4,7 +4,8 @@
 #include <QPoint>
 #include <QSize>
 
-/// Sizes, places and names of the scene's widgets. Lengths are pixels of the canvas's scene.
+/// Sizes, places and names of the scene's widgets. Lengths are pixels of the canvas's scene, times
+/// milliseconds.
 namespace SceneConstants {
 
 /// The family of every text that is drawn on the canvas.
@@ -33,5 +34,11 @@ inline constexpr QPoint ButtonDragHotSpot(15, 20);
 // cGraphicsRibbonButton
 /// The strip with the arrow stands over the main button.
 inline constexpr qreal RibbonMenuZ = 1;
+
+// cAnimatedPixmap, cAnimatedPixmapWidget
+/// The frame width that says that a picture is no film strip.
+inline constexpr int SinglePicture = -1;
+/// How long a film strip shows a frame unless its owner sets another interval.
+inline constexpr int FrameInterval = 100;
 
 } // namespace SceneConstants
