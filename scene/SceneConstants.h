@@ -41,4 +41,10 @@ inline constexpr int SinglePicture = -1;
 /// How long a film strip shows a frame unless its owner sets another interval.
 inline constexpr int FrameInterval = 100;
 
+// cPulseGlowImage
+/// One breath of a glow, and its faintest and brightest opacity.
+inline constexpr int GlowTime = 2000;
+inline constexpr qreal GlowFaint = 0.2;
+inline constexpr qreal GlowBright = 1.0;
+
 } // namespace SceneConstants
