@@ -47,4 +47,16 @@ inline constexpr int GlowTime = 2000;
 inline constexpr qreal GlowFaint = 0.2;
 inline constexpr qreal GlowBright = 1.0;
 
+// cTooltip
+/// How long a tip stays.
+inline constexpr int TooltipTime = 2000;
+/// In points, see cScaledFont.
+inline constexpr qreal TooltipDesignSize = 9;
+/// From the frame to the text.
+inline constexpr int TooltipMargin = 5;
+/// A tip lies over everything else on the canvas.
+inline constexpr qreal TooltipZ = 200;
+/// The picture on which a tip's text is measured.
+inline constexpr QSize TooltipScratchSize(8, 8);
+
 } // namespace SceneConstants
