@@ -59,4 +59,12 @@ inline constexpr qreal TooltipZ = 200;
 /// The picture on which a tip's text is measured.
 inline constexpr QSize TooltipScratchSize(8, 8);
 
+// cScrollBarItem
+/// How long a scroll bar takes to fade, and its opacity at both ends.
+inline constexpr int ScrollFadeTime = 500;
+inline constexpr qreal ScrollFaint = 0.1;
+inline constexpr qreal ScrollBright = 1.0;
+/// What a wheel reports for one notch, in eighths of a degree.
+inline constexpr int WheelNotch = 120;
+
 } // namespace SceneConstants
