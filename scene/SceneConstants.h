@@ -67,4 +67,9 @@ inline constexpr qreal ScrollBright = 1.0;
 /// What a wheel reports for one notch, in eighths of a degree.
 inline constexpr int WheelNotch = 120;
 
+// cGraphicsItem
+/// One breath of a selected item, and how much it grows on the way.
+inline constexpr int PulseTime = 1000;
+inline constexpr qreal PulseScale = 1.15;
+
 } // namespace SceneConstants
