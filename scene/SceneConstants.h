@@ -72,4 +72,8 @@ inline constexpr int WheelNotch = 120;
 inline constexpr int PulseTime = 1000;
 inline constexpr qreal PulseScale = 1.15;
 
+// cGraphicsButtonList
+/// Width of the edges at the sides of a list.
+inline constexpr qreal ListEdgeWidth = 1;
+
 } // namespace SceneConstants
