@@ -76,6 +76,7 @@ private Q_SLOTS:
     void dragPastAnEndIsRefused();
     void valueStartsAtTheMinimum();
     void valueIsTruncated();
+    void handleThatFillsTheBarStaysAtTheMinimum();
     void pressOnTheHandleHoldsIt();
     void otherButtonsAreIgnored();
     void pressBesideTheHandlePages();
@@ -327,6 +328,17 @@ void cScrollBarItemTest::valueIsTruncated()
     const QSignalSpy moved(m_bar, SIGNAL(sliderMoved(int)));
     SceneEvents::move(*m_bar, QPointF(0, 0), QPointF(0, 7));
     QCOMPARE(values(moved), QList<int>({8})); // 8.87
+}
+
+void cScrollBarItemTest::handleThatFillsTheBarStaysAtTheMinimum()
+{
+    arrange(*m_bar);
+    m_bar->setContentLength(50);
+    m_bar->setRange(7, 9);
+    const QSignalSpy moved(m_bar, SIGNAL(sliderMoved(int)));
+    SceneEvents::move(*m_bar, QPointF(0, 10), QPointF(0, 10.5));
+    SceneEvents::move(*m_bar, QPointF(0, 10), QPointF(0, 11));
+    QCOMPARE(values(moved), QList<int>({7}));
 }
 
 void cScrollBarItemTest::pressOnTheHandleHoldsIt()
