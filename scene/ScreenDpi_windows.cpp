@@ -1,5 +1,8 @@
 #include "ScreenDpi.h"
 
+// Built on this system alone, but analysed on each.
+#ifdef Q_OS_WIN
+
 #include <qt_windows.h>
 
 qreal screenHorizontalDpi()
@@ -11,3 +14,5 @@ qreal screenHorizontalDpi()
     ReleaseDC(nullptr, screen);
     return dpi > 0 ? dpi : DesignDpi;
 }
+
+#endif

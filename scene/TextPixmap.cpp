@@ -23,7 +23,7 @@ QRect TextPixmap::measure(
 QPixmap TextPixmap::render(const QString& text, const QFont& font, const QPen& pen, int flags,
     const QSize& size, const QColor& background)
 {
-    if (size.isEmpty())
+    if (size.isEmpty() || qint64(size.width()) * size.height() > MaxPixels)
         return QPixmap();
     // A pixmap doesn't tell that there was no memory for it, an image does.
     QImage image(size, QImage::Format_ARGB32_Premultiplied);

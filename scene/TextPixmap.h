@@ -19,8 +19,12 @@ namespace TextPixmap {
 /// area. A null rectangle for an empty text. `scratch` is the size of the picture on which it is tried out.
 QRect measure(const QString& text, const QFont& font, int flags, const QRect& area, const QSize& scratch);
 
-/// The text on a picture of that size, cut off at its edges. A null picture for an empty size, and for one
-/// that is too large to be stored.
+/// Pixels of the largest picture that render() makes: more than any text that is read, and a quarter of a
+/// gigabyte.
+constexpr qint64 MaxPixels = 64 * 1024 * 1024;
+
+/// The text on a picture of that size, cut off at its edges. A null picture for an empty size, for one beyond
+/// MaxPixels, and if there is no memory for it.
 QPixmap render(const QString& text, const QFont& font, const QPen& pen, int flags, const QSize& size,
     const QColor& background = Qt::transparent);
 

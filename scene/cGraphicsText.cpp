@@ -9,8 +9,10 @@
 
 cGraphicsText::cGraphicsText(QGraphicsItem* parent)
     : QGraphicsItem(parent)
-    , m_font(cScaledFont(SceneConstants::TextFamily, SceneConstants::TextDesignSize))
-{ }
+{
+    const QFont& font = cScaledFont(SceneConstants::TextFamily, SceneConstants::TextDesignSize);
+    m_font = font;
+}
 
 QRectF cGraphicsText::boundingRect() const
 {

@@ -104,8 +104,9 @@ void TextPixmapTest::emptySizeRendersANullPicture()
 
 void TextPixmapTest::tooLargeSizeRendersANullPicture()
 {
-    const QSize size(1 << 20, 1 << 20);
-    QVERIFY(TextPixmap::render("text", textFont(), QPen(Qt::white), Wrapped, size).isNull());
+    for (const QSize& size :
+        {QSize(1 << 20, 1 << 20), QSize(2147483647, 2147483647), QSize(TextPixmap::MaxPixels + 1, 1)})
+        QVERIFY(TextPixmap::render("text", textFont(), QPen(Qt::white), Wrapped, size).isNull());
 }
 
 void TextPixmapTest::textHasTheColorOfItsPen()

@@ -7,6 +7,7 @@
 
 #include <QFontMetrics>
 #include <QGraphicsScene>
+#include <QSignalSpy>
 
 using SceneEvents::painted;
 
@@ -253,11 +254,21 @@ void cGraphicsTextTest::extentIsAnnouncedToTheScene()
     QGraphicsScene scene;
     auto* item = new cGraphicsText(nullptr);
     scene.addItem(item);
-    QVERIFY(scene.items(QPointF(60, 5)).isEmpty());
     item->setText("Profiles and commands");
+    const QRectF extent = item->boundingRect();
     QCOMPARE(scene.items(QPointF(60, 5)).size(), 1);
+
+    // What the text leaves has to be painted anew, also when nothing comes in its place.
+    QSignalSpy changed(&scene, SIGNAL(changed(QList<QRectF>)));
+    QTRY_VERIFY(!changed.isEmpty());
+    changed.clear();
     item->setText("");
     QVERIFY(scene.items(QPointF(60, 5)).isEmpty());
+    QTRY_VERIFY(!changed.isEmpty());
+    QRectF region;
+    for (const QRectF& part : changed.first().first().value<QList<QRectF>>())
+        region |= part;
+    QVERIFY(region.contains(extent));
 }
 
 VELTRANO_TEST_MAIN(cGraphicsTextTest)
