@@ -1,0 +1,5 @@
+#include "cScalablePixmap.h"
+
+cScalablePixmap::cScalablePixmap(const QPixmap& pixmap, QGraphicsItem* parent)
+    : QGraphicsPixmapItem(pixmap, parent)
+{ }
