@@ -14,10 +14,13 @@ namespace HVS {
 constexpr qint64 MaxDomFileSize = qint64(64) * 1024 * 1024;
 /// Deepest nesting of elements that FileReadDom() reads.
 constexpr int MaxDomDepth = 256;
+/// Most elements, attributes, texts and ends of elements that FileReadDom() reads; each takes some 200 bytes.
+constexpr int MaxDomNodes = 4'000'000;
 
 /// Reads an XML file. `namespaceProcessing` is handed to QDomDocument::setContent. On a file that is missing,
-/// empty, too large, too deep or malformed it returns false, writes the reason as one warning and leaves the
-/// document as it was. Entities from outside the file are never read, and such a file is refused.
+/// empty, too large, too deep or malformed it returns false, writes the reason, with line and column, as one
+/// warning and leaves the document as it was. Nothing outside of the file is ever read: a file is refused
+/// that names a document type or an entity elsewhere, and so is one whose entities expand beyond all measure.
 VHFS_EXPORT bool FileReadDom(const QString& path, QDomDocument& document, bool namespaceProcessing);
 
 /// Language of the user's locale, ISO 639-1 in small letters ("en"); "en" for the C locale.

@@ -23,8 +23,10 @@ QString currentLocaleLanguage()
 
 QString currentLocaleCountry()
 {
-    const QStringList parts = localeParts();
-    return parts.size() > 1 ? parts.last() : QStringLiteral("US");
+    // Regions larger than a country have numbers, such as 419 for Latin America.
+    const QString country = localeParts().last();
+    const bool isCountry = country.size() == 2 && country.at(0).isUpper();
+    return isCountry ? country : QStringLiteral("US");
 }
 
 } // namespace HVS

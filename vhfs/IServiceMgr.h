@@ -11,8 +11,9 @@ class QObject;
 ///
 /// A service is a QObject whose class has the class information "service", its name, and invokable members,
 /// its operations. An operation is found by its name, the number of its parameters and their types as the
-/// tags of the arguments give them; a leading "const " and a trailing "&" make no difference. Arguments fill
-/// the ten places from the first; unused places are empty.
+/// tags of the arguments give them; a leading "const " and a trailing "&" make no difference, nor does which
+/// of the names of a type is used ("quint32", "uint"). Arguments fill the ten places from the first; unused
+/// places are empty.
 ///
 /// All operations are called on the GUI thread and may be called from within each other.
 class VHFS_EXPORT IServiceMgr

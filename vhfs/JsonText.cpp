@@ -4,40 +4,145 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
+#include <iterator>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
 
 using nlohmann::json;
 
-std::string utf8(const QString& text)
+/// The text of a value that is neither array nor object.
+std::string scalarText(const cJsonValueAccess::Scalar& scalar)
 {
-    return text.toStdString();
+    json value;
+    if (const auto* text = std::get_if<QString>(&scalar))
+        value = text->toStdString();
+    else if (const auto* integer = std::get_if<qint64>(&scalar))
+        value = *integer;
+    else if (const auto* real = std::get_if<double>(&scalar))
+        value = *real;
+    else if (const auto* boolean = std::get_if<bool>(&scalar))
+        value = *boolean;
+    return value.dump(-1, ' ', false, json::error_handler_t::replace);
 }
 
-json toJson(const cJsonValue& value)
+/// Puts the text of a value together. It keeps its own stack, because values may be nested to any depth.
+class Writer
 {
-    if (const cJsonContent* content = cJsonValueAccess::content(value)) {
-        json result = value.isArray() ? json::array() : json::object();
-        for (const cJsonValue& element : content->elements)
-            result.push_back(toJson(element));
-        for (const auto& [key, member] : content->members)
-            result[utf8(key)] = toJson(member);
-        return result;
+public:
+    explicit Writer(bool indented)
+        : m_indented(indented)
+    { }
+
+    std::string write(const cJsonValue& value)
+    {
+        begin(value);
+        while (!m_open.empty()) {
+            Open& open = m_open.back();
+            if (open.isAtEnd()) {
+                end();
+                continue;
+            }
+            if (!open.isFirst)
+                m_text += ',';
+            open.isFirst = false;
+            breakLine();
+            if (open.element != open.content->elements.end()) {
+                begin(*open.element++);
+            } else {
+                const auto& [key, member] = *open.member++;
+                m_text += scalarText(key) + (m_indented ? ": " : ":");
+                begin(member);
+            }
+        }
+        return std::move(m_text);
     }
-    const auto& scalar = cJsonValueAccess::scalar(value);
-    if (const auto* text = std::get_if<QString>(&scalar))
-        return utf8(*text);
-    if (const auto* integer = std::get_if<qint64>(&scalar))
-        return *integer;
-    if (const auto* real = std::get_if<double>(&scalar))
-        return *real;
-    if (const auto* boolean = std::get_if<bool>(&scalar))
-        return *boolean;
-    return nullptr;
-}
+
+private:
+    struct Open
+    {
+        explicit Open(const cJsonContent* source)
+            : content(source)
+            , element(source->elements.begin())
+            , member(source->members.begin())
+        { }
+
+        bool isAtEnd() const
+        {
+            return element == content->elements.end() && member == content->members.end();
+        }
+        bool isArray() const { return content->type() == cJsonValue::arrayValue; }
+
+        const cJsonContent* content;
+        std::deque<cJsonValue>::const_iterator element;
+        std::map<QString, cJsonValue>::const_iterator member;
+        bool isFirst = true;
+    };
+
+    void begin(const cJsonValue& value)
+    {
+        if (const cJsonContent* content = cJsonValueAccess::content(value)) {
+            m_open.emplace_back(content);
+            m_text += m_open.back().isArray() ? '[' : '{';
+        } else {
+            m_text += scalarText(cJsonValueAccess::scalar(value));
+        }
+    }
+
+    void end()
+    {
+        const Open open = m_open.back();
+        m_open.pop_back();
+        if (!open.isFirst)
+            breakLine();
+        m_text += open.isArray() ? ']' : '}';
+    }
+
+    void breakLine()
+    {
+        if (m_indented)
+            m_text.append(1, '\n').append(IndentWidth * m_open.size(), ' ');
+    }
+
+    static constexpr std::size_t IndentWidth = 4;
+
+    bool m_indented;
+    std::string m_text;
+    std::vector<Open> m_open;
+};
+
+/// Walks over a text and shows how far it has come, which the parser tells only about errors of its own.
+class Cursor
+{
+public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = char;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const char*;
+    using reference = const char&;
+
+    Cursor(const char* place, const char*& shownPlace)
+        : m_place(place)
+        , m_shownPlace(&shownPlace)
+    { }
+
+    reference operator*() const { return *m_place; }
+    Cursor& operator++()
+    {
+        *m_shownPlace = ++m_place;
+        return *this;
+    }
+    bool operator==(const Cursor& other) const { return m_place == other.m_place; }
+    bool operator!=(const Cursor& other) const { return m_place != other.m_place; }
+
+private:
+    const char* m_place;
+    const char** m_shownPlace;
+};
 
 /// Builds a value from the parser's calls. Each returns false to end the parse.
 class Builder
@@ -67,9 +172,13 @@ public:
     bool start_array(std::size_t) { return open(cJsonValue::arrayValue); }
     bool end_object() { return close(); }
     bool end_array() { return close(); }
-    bool parse_error(std::size_t position, const std::string&, const json::exception& exception)
+    bool parse_error(std::size_t, const std::string&, const json::exception& exception)
     {
-        error = QStringLiteral("byte %1: %2").arg(position).arg(QLatin1String(exception.what()));
+        // The library puts its own name and a place in front, each ended by the first such mark behind it.
+        error = QString::fromUtf8(exception.what());
+        error.remove(0, error.indexOf(QLatin1String("] ")) + 2);
+        if (error.startsWith(QLatin1String("parse error")))
+            error.remove(0, error.indexOf(QLatin1String(": ")) + 2);
         return false;
     }
 
@@ -124,19 +233,30 @@ namespace HVS {
 
 QByteArray toJsonText(const cJsonValue& value, bool indented)
 {
-    const int indent = indented ? 4 : -1;
-    return QByteArray::fromStdString(toJson(value).dump(indent, ' ', false, json::error_handler_t::replace));
+    return QByteArray::fromStdString(Writer(indented).write(value));
 }
 
 bool fromJsonText(const QByteArray& text, cJsonValue& value, QString* error)
 {
     Builder builder;
-    if (json::sax_parse(text.begin(), text.end(), &builder)) {
-        value = builder.result;
-        return true;
+    const char* place = text.begin();
+    if (json::sax_parse(Cursor(text.begin(), place), Cursor(text.end(), place), &builder)) {
+        // The parser takes a NUL for the end of the text. There is no place for one in JSON.
+        if (!text.contains('\0')) {
+            value = builder.result;
+            return true;
+        }
+        builder.error = QStringLiteral("unexpected NUL");
     }
-    if (error)
-        *error = builder.error;
+    if (error) {
+        const QByteArray read = text.left(int(place - text.begin()));
+        const int lineStart = read.lastIndexOf('\n') + 1;
+        // The column counts characters, so that an editor shows the same.
+        *error = QStringLiteral("line %1, column %2: %3")
+                     .arg(read.count('\n') + 1)
+                     .arg(QString::fromUtf8(read.mid(lineStart)).size())
+                     .arg(builder.error);
+    }
     return false;
 }
 

@@ -1,11 +1,16 @@
 #include "cJsonContent.h"
 
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <utility>
+
 bool cJsonContent::isShared() const
 {
     return m_firstSharer && m_firstSharer->m_nextSharer;
 }
 
-void cJsonContent::addSharer(cJsonValue* sharer)
+void cJsonContent::addSharer(const cJsonValue* sharer)
 {
     sharer->m_previousSharer = nullptr;
     sharer->m_nextSharer = m_firstSharer;
@@ -14,7 +19,7 @@ void cJsonContent::addSharer(cJsonValue* sharer)
     m_firstSharer = sharer;
 }
 
-void cJsonContent::removeSharer(cJsonValue* sharer)
+void cJsonContent::removeSharer(const cJsonValue* sharer)
 {
     if (sharer->m_previousSharer)
         sharer->m_previousSharer->m_nextSharer = sharer->m_nextSharer;
@@ -26,35 +31,32 @@ void cJsonContent::removeSharer(cJsonValue* sharer)
     if (m_leader == sharer)
         m_leader = nullptr;
     if (!m_firstSharer)
-        delete this;
+        destroy();
 }
 
 void cJsonContent::isolateLeader()
 {
-    if (!m_leader)
-        return;
-    if (m_leader->m_container)
-        m_leader->m_container->isolateLeader();
-    if (!isShared())
-        return;
-    cJsonContent* copy = duplicate();
-    for (cJsonValue* sharer = m_firstSharer; sharer;) {
-        cJsonValue* next = sharer->m_nextSharer;
-        if (sharer != m_leader) {
-            removeSharer(sharer);
-            sharer->m_content = copy;
-            copy->addSharer(sharer);
+    QVarLengthArray<cJsonContent*, 16> path;
+    for (cJsonContent* content = this; content && content->m_leader; content = content->m_leader->m_container)
+        path.append(content);
+    // From the outermost inwards: duplicating a content makes new sharers of those within it.
+    std::reverse(path.begin(), path.end());
+    for (cJsonContent* content : path) {
+        if (!content->isShared())
+            continue;
+        cJsonContent* copy = content->duplicate();
+        for (const cJsonValue* sharer = content->m_firstSharer; sharer;) {
+            const cJsonValue* next = sharer->m_nextSharer;
+            if (sharer != content->m_leader)
+                content->moveTo(copy, sharer);
+            sharer = next;
         }
-        sharer = next;
     }
 }
 
-void cJsonContent::giveDuplicateTo(cJsonValue* sharer)
+void cJsonContent::giveDuplicateTo(const cJsonValue* sharer)
 {
-    cJsonContent* copy = duplicate();
-    removeSharer(sharer);
-    sharer->m_content = copy;
-    copy->addSharer(sharer);
+    moveTo(duplicate(), sharer);
 }
 
 cJsonValue& cJsonContent::appendChild(const cJsonValue& value)
@@ -79,4 +81,27 @@ cJsonContent* cJsonContent::duplicate() const
     for (const auto& [key, value] : members)
         copy->members.emplace_hint(copy->members.end(), key, value)->second.m_container = copy;
     return copy;
+}
+
+void cJsonContent::moveTo(cJsonContent* other, const cJsonValue* sharer)
+{
+    removeSharer(sharer);
+    sharer->m_content = other;
+    other->addSharer(sharer);
+}
+
+void cJsonContent::destroy()
+{
+    // Contents that go down with this one come here too. They wait for their turn in a list, because deleting
+    // them from within each other would exhaust the stack with a value that is nested deep enough.
+    static thread_local cJsonContent* doomed = nullptr;
+    static thread_local bool isDestroying = false;
+    m_nextDoomed = std::exchange(doomed, this);
+    if (std::exchange(isDestroying, true))
+        return;
+    while (cJsonContent* content = doomed) {
+        doomed = content->m_nextDoomed;
+        delete content;
+    }
+    isDestroying = false;
 }

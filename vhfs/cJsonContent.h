@@ -7,9 +7,10 @@
 
 /// The elements of an array or the members of an object, shared by all values that are copies of each other.
 ///
-/// It knows its sharers, because a reference to one of its children may outlive the moment of sharing: before
-/// a child is written to, all sharers but the one through which references were handed out (the leader) move
-/// to a duplicate. The children stay where they are, so that the references stay good.
+/// It knows its sharers, because a reference to one of its children may outlive the moment of sharing. Such
+/// references are handed out through one sharer only, the leader; another one that is asked for a reference
+/// moves to a duplicate first. Before a child is written to, all sharers but the leader move to a duplicate.
+/// The children stay where they are, so that the references stay good.
 class cJsonContent
 {
     Q_DISABLE_COPY(cJsonContent)
@@ -22,19 +23,20 @@ public:
     cJsonValue::JsonValueType type() const { return m_type; }
     bool isShared() const;
 
-    void addSharer(cJsonValue* sharer);
+    void addSharer(const cJsonValue* sharer);
     /// Deletes this content with its last sharer.
-    void removeSharer(cJsonValue* sharer);
+    void removeSharer(const cJsonValue* sharer);
 
-    /// Called before `sharer` hands out or uses a reference to a child.
-    void lead(cJsonValue* sharer) { m_leader = sharer; }
+    /// Called before `sharer` hands out a reference to a child.
+    void lead(const cJsonValue* sharer) { m_leader = sharer; }
+    bool hasLeader() const { return m_leader != nullptr; }
     bool isLedBy(const cJsonValue* sharer) const { return m_leader == sharer; }
 
     /// Moves every sharer but the leader to a duplicate, in the enclosing contents first. Afterwards a write
     /// to a child is seen by the leader alone.
     void isolateLeader();
     /// Moves one sharer to a duplicate of its own.
-    void giveDuplicateTo(cJsonValue* sharer);
+    void giveDuplicateTo(const cJsonValue* sharer);
 
     cJsonValue& appendChild(const cJsonValue& value);
     /// The member with that key, made if it is missing.
@@ -47,8 +49,11 @@ public:
 
 private:
     cJsonContent* duplicate() const;
+    void moveTo(cJsonContent* other, const cJsonValue* sharer);
+    void destroy();
 
     cJsonValue::JsonValueType m_type;
-    cJsonValue* m_firstSharer = nullptr;
-    cJsonValue* m_leader = nullptr;
+    const cJsonValue* m_firstSharer = nullptr;
+    const cJsonValue* m_leader = nullptr;
+    cJsonContent* m_nextDoomed = nullptr;
 };

@@ -3,21 +3,13 @@
 #include "cJsonContent.h"
 
 #include <QLocale>
+#include <QVarLengthArray>
 
 #include <cmath>
 #include <limits>
 #include <utility>
 
 namespace {
-
-/// What an access that can't be served refers to. Emptied at each use, so that nothing written to it is ever
-/// read.
-cJsonValue& forgotten()
-{
-    thread_local cJsonValue value;
-    value.clear();
-    return value;
-}
 
 template<typename T>
 T clampTo(double value)
@@ -91,7 +83,7 @@ cJsonValue::~cJsonValue()
 
 cJsonValue& cJsonValue::operator=(const cJsonValue& other)
 {
-    if (this == &other)
+    if (this == &other || this == &nowhere())
         return *this;
     // The copy is taken before anything changes: `other` may be a part of this value, or contain it.
     cJsonValue copy(other);
@@ -114,23 +106,24 @@ cJsonValue& cJsonValue::operator[](const QString& key)
 cJsonValue& cJsonValue::operator[](int index)
 {
     if (!isArray() || index < 0 || unsigned(index) >= size())
-        return forgotten();
-    return writableContent()->elements[std::size_t(index)];
+        return nowhere();
+    return leadContent()->elements[std::size_t(index)];
 }
 
 const cJsonValue& cJsonValue::operator[](const char* key) const
 {
     if (!isObject())
         return null();
-    const auto found = m_content->members.find(QString::fromUtf8(key));
-    return found == m_content->members.end() ? null() : found->second;
+    const auto& members = readableContent()->members;
+    const auto found = members.find(QString::fromUtf8(key));
+    return found == members.end() ? null() : found->second;
 }
 
 const cJsonValue& cJsonValue::operator[](int index) const
 {
     if (!isArray() || index < 0 || unsigned(index) >= size())
         return null();
-    return m_content->elements[std::size_t(index)];
+    return readableContent()->elements[std::size_t(index)];
 }
 
 cJsonValue& cJsonValue::append(const cJsonValue& element)
@@ -141,7 +134,8 @@ cJsonValue& cJsonValue::append(const cJsonValue& element)
     const cJsonValue copy(element);
     if (isNull())
         *this = cJsonValue(arrayValue);
-    writableContent()->appendChild(copy);
+    if (isArray())
+        writableContent()->appendChild(copy);
     return *this;
 }
 
@@ -240,13 +234,49 @@ const cJsonValue& cJsonValue::null()
     return value;
 }
 
+cJsonValue& cJsonValue::nowhere()
+{
+    static cJsonValue value;
+    return value;
+}
+
 bool operator==(const cJsonValue& a, const cJsonValue& b)
 {
-    if (a.m_content == b.m_content)
-        return a.m_scalar == b.m_scalar;
-    if (!a.m_content || !b.m_content || a.m_content->type() != b.m_content->type())
-        return false;
-    return a.m_content->elements == b.m_content->elements && a.m_content->members == b.m_content->members;
+    // Pairs that are still to be compared, in a list of their own because values may be nested to any depth.
+    QVarLengthArray<std::pair<const cJsonValue*, const cJsonValue*>, 32> pairs;
+    pairs.append({&a, &b});
+    while (!pairs.isEmpty()) {
+        const auto [left, right] = pairs.last();
+        pairs.removeLast();
+        const cJsonContent* x = left->m_content;
+        const cJsonContent* y = right->m_content;
+        if (x == y) {
+            if (left->m_scalar != right->m_scalar)
+                return false;
+            continue;
+        }
+        if (!x || !y || x->type() != y->type() || x->elements.size() != y->elements.size()
+            || x->members.size() != y->members.size())
+            return false;
+        for (std::size_t i = 0; i < x->elements.size(); ++i)
+            pairs.append({&x->elements[i], &y->elements[i]});
+        for (auto i = x->members.begin(), j = y->members.begin(); i != x->members.end(); ++i, ++j) {
+            if (i->first != j->first)
+                return false;
+            pairs.append({&i->second, &j->second});
+        }
+    }
+    return true;
+}
+
+const cJsonContent* cJsonValue::readableContent() const
+{
+    if (!m_content->isLedBy(this)) {
+        if (m_content->hasLeader())
+            m_content->giveDuplicateTo(this);
+        m_content->lead(this);
+    }
+    return m_content;
 }
 
 cJsonContent* cJsonValue::writableContent()
@@ -258,8 +288,14 @@ cJsonContent* cJsonValue::writableContent()
         m_content->isolateLeader();
     else if (m_content->isShared())
         m_content->giveDuplicateTo(this);
-    m_content->lead(this);
     return m_content;
+}
+
+cJsonContent* cJsonValue::leadContent()
+{
+    cJsonContent* content = writableContent();
+    content->lead(this);
+    return content;
 }
 
 void cJsonValue::take(const cJsonValue& other)
@@ -287,6 +323,6 @@ cJsonValue& cJsonValue::member(const QString& key)
     if (isNull())
         *this = cJsonValue(objectValue);
     if (!isObject())
-        return forgotten();
-    return writableContent()->child(key);
+        return nowhere();
+    return leadContent()->child(key);
 }

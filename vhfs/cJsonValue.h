@@ -12,22 +12,23 @@ class cJsonContent;
 
 /// A JSON-like value: null, boolean, integer, real, string, array or object.
 ///
-/// Content is shared between copies until one of them is changed. A copy costs the same whatever the size of
-/// the value, and a change of one copy is never seen through another, also when it is made through a
-/// reference that operator[] or append() handed out before the copy was made.
+/// Content is shared between copies. A copy costs the same whatever the size of the value; a level of nesting
+/// is duplicated when one of the copies changes it, or when operator[] has handed out references to its
+/// elements or members through one copy and is asked for one through another. A change of one copy is
+/// therefore never seen through another, also when it is made or watched through a reference that operator[]
+/// handed out before the copy was made.
 ///
 /// Access to a value of the wrong type is defined and never fails:
 /// - Reading a member or an element that is not there, or that a value of this type can't have, gives null().
 /// - A non-const operator[] makes a member of a null value or an object. On other types, and for an index
-/// outside
-///   the array, it returns a reference to a value that is forgotten at the next such access.
+///   outside the array, it returns a reference to a null value that stays null whatever is done to it.
 /// - append() to something that is neither null nor an array, and deleteKey() on something that is not an
-/// object,
-///   change nothing.
+///   object, change nothing.
 /// - The conversions are described at each of them.
 ///
 /// References from operator[] stay valid until the value is assigned, cleared or destroyed or the member is
-/// removed; append() and new members leave them alone. Values are for use in one thread.
+/// removed; append() and new members leave them alone. Values may be nested to any depth. The copies of a
+/// value are for use in one thread, reading included.
 class VHFS_EXPORT cJsonValue
 {
 public:
@@ -96,9 +97,15 @@ private:
     /// Integers keep 64 bits, so that a number that came as text leaves as the same text.
     using Scalar = std::variant<std::monostate, bool, qint64, double, QString>;
 
-    /// Makes this value the only one that a write through it can reach, and its content ready to be written
-    /// to.
+    /// What wrong accesses refer to; takes no value.
+    static cJsonValue& nowhere();
+
+    /// The content, which from now on hands out references through this value only.
+    const cJsonContent* readableContent() const;
+    /// The content after everybody else has been moved out of reach of a write to it.
     cJsonContent* writableContent();
+    /// As writableContent(), for a reference that is handed out to write through it.
+    cJsonContent* leadContent();
     /// Replaces the data by that of `other`, which must not be a part of this value.
     void take(const cJsonValue& other);
     void attach(cJsonContent* content);
@@ -106,13 +113,14 @@ private:
     cJsonValue& member(const QString& key);
 
     Scalar m_scalar;
-    /// The elements or members of an array or object, null for all other types.
-    cJsonContent* m_content = nullptr;
+    /// The elements or members of an array or object, null for all other types. Mutable as are the
+    /// neighbours, because copying and reading change what is shared, but not the value.
+    mutable cJsonContent* m_content = nullptr;
     /// The content that this value is an element or member of, null for a value that stands alone.
     cJsonContent* m_container = nullptr;
     /// Neighbours in the list of those who share m_content.
-    cJsonValue* m_nextSharer = nullptr;
-    cJsonValue* m_previousSharer = nullptr;
+    mutable const cJsonValue* m_nextSharer = nullptr;
+    mutable const cJsonValue* m_previousSharer = nullptr;
 };
 
 VHFS_EXPORT bool operator==(const cJsonValue& a, const cJsonValue& b);

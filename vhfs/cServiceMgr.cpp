@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
 namespace {
 
@@ -41,7 +43,7 @@ struct cServiceMgr::Arguments
     int count() const
     {
         const auto used = [](const QGenericArgument& value) {
-            return value.name() != nullptr;
+            return value.name() && *value.name();
         };
         return int(std::find_if_not(values.begin(), values.end(), used) - values.begin());
     }
@@ -92,9 +94,10 @@ void cServiceMgr::unregisterService(QObject* service)
 {
     if (!service)
         return;
-    const QString name = classInfo(service, "service");
-    if (m_services.value(name) == service)
-        m_services.remove(name);
+    // Not looked up by its name: while the service is being destroyed, its class information is that of a
+    // base.
+    for (auto entry = m_services.begin(); entry != m_services.end();)
+        entry = entry.value() == service ? m_services.erase(entry) : std::next(entry);
     // The library that holds the class may be unloaded next.
     m_resolved.remove(service->metaObject());
 }
@@ -224,5 +227,7 @@ QByteArray cServiceMgr::comparableType(const char* typeName)
         type.remove(0, int(qstrlen("const ")));
     if (type.endsWith('&'))
         type.chop(1);
-    return type;
+    // Meta-objects name the parameters of a built-in type as QMetaType does, "uint" for a quint32.
+    const int id = QMetaType::type(type);
+    return id == QMetaType::UnknownType ? type : QByteArray(QMetaType::typeName(id));
 }

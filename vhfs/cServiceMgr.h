@@ -41,7 +41,7 @@ public:
         QGenericArgument value9) override;
 
     /// The spelling of a type by which two tags are compared: normalised as Qt does it, without a leading
-    /// "const " and a trailing "&".
+    /// "const " and a trailing "&", and for several names of one registered type always the same one.
     static QByteArray comparableType(const char* typeName);
 
 private:
