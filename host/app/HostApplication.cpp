@@ -1,0 +1,138 @@
+#include "HostApplication.h"
+
+#include "MainWindow.h"
+#include "PluginLoader.h"
+#include "ScreenshotRun.h"
+
+#include <cDevMgrService.h>
+#include <cECMAScriptMgrService.h>
+#include <cFeatureViewMgrService.h>
+#include <cHelpMgrService.h>
+#include <cMainAppService.h>
+#include <cMainUIService.h>
+#include <cSettingsService.h>
+#include <FeatureViewController.h>
+#include <HostDevice.h>
+#include <IServiceMgr.h>
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+/// Settings key, string: model of the device that was shown last.
+const QString LastDeviceKey = QStringLiteral("host/lastDevice");
+
+} // namespace
+
+HostApplication::HostApplication(const ApplicationPaths& paths, const CommandLine& commandLine)
+    : m_paths(paths)
+    , m_commandLine(commandLine)
+{
+    m_paths.mount();
+    createServices();
+    createWindow();
+}
+
+HostApplication::~HostApplication()
+{
+    m_screenshots.reset();
+    m_controller->closeNow();
+    // While all services are still there: plug-ins withdraw their views and call services as they stop.
+    m_plugins.reset();
+    m_help->unloadHelp();
+    m_settings->flush();
+    for (QObject* service : services())
+        IServiceMgr::instance()->unregisterService(service);
+    m_mainUI->setWindow(nullptr);
+    m_mainApp->setWindow(nullptr);
+    m_featureViews->setWindow(nullptr);
+    m_help->setWindow(nullptr);
+    m_window.reset();
+}
+
+void HostApplication::createServices()
+{
+    m_settings =
+        std::make_unique<cSettingsService>(m_commandLine.dataFolder + QStringLiteral("/settings.json"));
+    m_devices = std::make_unique<cDevMgrService>();
+    m_controller = std::make_unique<FeatureViewController>();
+    m_featureViews = std::make_unique<cFeatureViewMgrService>(*m_devices, *m_controller);
+    m_mainUI = std::make_unique<cMainUIService>();
+    m_mainApp = std::make_unique<cMainAppService>();
+    m_mainApp->setStyleSheetFile(m_paths.styleSheetFile());
+    m_help = std::make_unique<cHelpMgrService>();
+    m_scripts = std::make_unique<cECMAScriptMgrService>();
+    for (QObject* service : services())
+        IServiceMgr::instance()->registerService(service);
+}
+
+QList<QObject*> HostApplication::services() const
+{
+    return {m_settings.get(), m_devices.get(), m_featureViews.get(), m_mainUI.get(), m_mainApp.get(),
+        m_help.get(), m_scripts.get()};
+}
+
+void HostApplication::createWindow()
+{
+    m_window = std::make_unique<MainWindow>(
+        MainWindowServices {*m_devices, *m_featureViews, *m_controller, *m_help, *m_mainApp});
+    m_plugins = std::make_unique<PluginLoader>();
+    m_mainUI->setWindow(m_window.get());
+    m_mainApp->setWindow(m_window.get());
+    m_featureViews->setWindow(m_window.get());
+    m_help->setWindow(m_window.get());
+
+    connect(m_settings.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_devices.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_mainApp.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
+}
+
+void HostApplication::start()
+{
+    m_mainApp->loadStyleSheet();
+    m_settings->load();
+    m_devices->load(m_paths.devicesFolder());
+    m_window->reloadDevices();
+    showLastDevice();
+    connect(m_window.get(), SIGNAL(deviceChanged(QString)), this, SLOT(onDeviceChanged(QString)));
+
+    if (m_commandLine.pluginFile.isEmpty())
+        m_plugins->loadAll(m_paths.pluginsFolder);
+    else
+        m_plugins->load(m_commandLine.pluginFile);
+    m_help->askProviders();
+    m_window->show();
+
+    if (!m_commandLine.screenshotFolder.isEmpty()) {
+        m_screenshots =
+            std::make_unique<ScreenshotRun>(*m_window, *m_controller, m_commandLine.screenshotFolder);
+        connect(m_screenshots.get(), SIGNAL(finished(QString)), this, SLOT(onScreenshotsFinished(QString)));
+        m_screenshots->start();
+    } else if (m_commandLine.openView) {
+        m_window->openFirstView();
+    }
+}
+
+void HostApplication::showLastDevice()
+{
+    if (m_commandLine.device.isEmpty())
+        m_window->selectDevice(m_settings->getPropertyString(LastDeviceKey));
+    else if (!m_window->selectDevice(m_commandLine.device))
+        m_window->showMessage(tr("There is no device of the model \"%1\".").arg(m_commandLine.device));
+}
+
+void HostApplication::onDeviceChanged(const QString& model)
+{
+    m_settings->setPropertyString(LastDeviceKey, model);
+}
+
+void HostApplication::onScreenshotsFinished(const QString& message)
+{
+    if (!message.isEmpty())
+        std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+    QCoreApplication::exit(message.isEmpty() ? 0 : 1);
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "ApplicationPaths.h"
+#include "CommandLine.h"
+
+#include <QObject>
+
+#include <memory>
+
+class cDevMgrService;
+class cECMAScriptMgrService;
+class cFeatureViewMgrService;
+class cHelpMgrService;
+class cMainAppService;
+class cMainUIService;
+class cSettingsService;
+class FeatureViewController;
+class MainWindow;
+class PluginLoader;
+class ScreenshotRun;
+
+/// The application: its services, its window and its plug-ins, brought up and taken down in the order in
+/// which they need each other.
+class HostApplication : public QObject
+{
+    Q_OBJECT
+
+public:
+    HostApplication(const ApplicationPaths& paths, const CommandLine& commandLine);
+    /// Stops the plug-ins, saves the settings, then withdraws the services.
+    ~HostApplication() override;
+
+    /// Loads devices and plug-ins and shows the window.
+    void start();
+
+    MainWindow& window() { return *m_window; }
+    cSettingsService& settings() { return *m_settings; }
+    FeatureViewController& controller() { return *m_controller; }
+    PluginLoader& plugins() { return *m_plugins; }
+
+private Q_SLOTS:
+    void onDeviceChanged(const QString& model);
+    void onScreenshotsFinished(const QString& message);
+
+private:
+    void createServices();
+    void createWindow();
+    void showLastDevice();
+    QList<QObject*> services() const;
+
+    ApplicationPaths m_paths;
+    CommandLine m_commandLine;
+    // Destroyed from the last to the first.
+    std::unique_ptr<cSettingsService> m_settings;
+    std::unique_ptr<cDevMgrService> m_devices;
+    std::unique_ptr<FeatureViewController> m_controller;
+    std::unique_ptr<cFeatureViewMgrService> m_featureViews;
+    std::unique_ptr<cMainUIService> m_mainUI;
+    std::unique_ptr<cMainAppService> m_mainApp;
+    std::unique_ptr<cHelpMgrService> m_help;
+    std::unique_ptr<cECMAScriptMgrService> m_scripts;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<PluginLoader> m_plugins;
+    std::unique_ptr<ScreenshotRun> m_screenshots;
+};

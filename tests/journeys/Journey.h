@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// The application in a process of its own with data of its own, driven through the display by xdotool.
+/// Points are pixels of its window.
+class Journey
+{
+public:
+    /// Starts the application and waits for its window. Check isRunning() afterwards.
+    explicit Journey(const QStringList& arguments = {});
+    ~Journey();
+
+    bool isRunning() const { return m_process.state() == QProcess::Running && !m_window.isEmpty(); }
+
+    void click(const QPoint& point);
+    /// A key or a chord in xdotool's names, as in "ctrl+q".
+    void key(const QString& chord);
+
+    /// What the window shows now.
+    QImage picture() const;
+    /// What the whole screen shows now, with all windows.
+    static QImage screen();
+    static bool saveScreen(const QString& name);
+    /// Waits for a visible window whose title holds the text.
+    bool waitForWindow(const QString& title);
+    /// Writes what the window shows to the pictures of the build tree.
+    bool savePicture(const QString& name) const;
+
+    /// Waits until the application has ended; false if it does not.
+    bool waitForEnd();
+    int exitCode() const { return m_process.exitCode(); }
+    bool hasCrashed() const { return m_process.exitStatus() != QProcess::NormalExit; }
+    /// All that it wrote to its standard error.
+    QString errors();
+    QString dataFile(const QString& name) const { return m_data.filePath(name); }
+
+private:
+    static QString xdotool(const QStringList& arguments);
+
+    QTemporaryDir m_data;
+    QProcess m_process;
+    /// Id of the main window, as xdotool has it.
+    QString m_window;
+    QString m_errors;
+};
