@@ -32,13 +32,14 @@ struct ControlKey
 
 /// What a profile holds, as a value.
 ///
-/// Records are kept as callers gave them; keys that this version does not know stay in them. What a document held that
-/// this version does not know stands in the `extensions` members and, inside command records, under the keys
-/// "extension_elements" (array of texts, one XML element each) and "extension_attributes" (object of texts).
+/// Records are kept as callers gave them; keys that this version does not know stay in them. What a document
+/// held that this version does not know stands in the `extensions` members and, inside command records, under
+/// the keys "extension_elements" (array of texts, one XML element each) and "extension_attributes" (object of
+/// texts).
 struct Profile
 {
-    /// The profile record without `macros` and `assignments`: `uid`, `name`, `description`, `target`, `script`, `uselcd`,
-    /// `lock`, `deviceid`, `migration`, `signatures` and whatever else it came with.
+    /// The profile record without `macros` and `assignments`: `uid`, `name`, `description`, `target`,
+    /// `script`, `uselcd`, `lock`, `deviceid`, `migration`, `signatures` and whatever else it came with.
     cJsonValue properties;
     /// Command records in the order in which they were added.
     std::vector<cJsonValue> macros;
@@ -46,14 +47,15 @@ struct Profile
     std::map<ControlKey, QString> assignments;
     /// Categories that the profile was set up for, also those without any assignment.
     QSet<QString> categories;
-    /// What controls held before their first change since the category's backup began: a command's uid, or an empty
-    /// text for a control that was empty.
+    /// What controls held before their first change since the category's backup began: a command's uid, or an
+    /// empty text for a control that was empty.
     std::map<ControlKey, QString> backup;
     /// PNG of the icon that the user chose, empty without one.
     QByteArray icon;
     /// By device model.
     std::map<QString, cPointerProperties> pointers;
-    /// Elements of the document below the profile that this version does not know, as XML text, in their order.
+    /// Elements of the document below the profile that this version does not know, as XML text, in their
+    /// order.
     QStringList extensionElements;
     /// Attributes of the profile's element that this version does not know.
     std::map<QString, QString> extensionAttributes;
