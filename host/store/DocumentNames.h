@@ -14,6 +14,7 @@ inline constexpr const char* ProfileFlags[] = {"uselcd", "lock"};
 inline constexpr const char* ProfileElements[] = {"description", "target", "script"};
 
 inline constexpr char Icon[] = "icon";
+/// Key of the profile record for its signatures, which are elements below the profile.
 inline constexpr char Signatures[] = "signatures";
 inline constexpr char Signature[] = "signature";
 inline constexpr const char* SignatureKeys[] = {"key", "value", "executable", "name"};

@@ -46,6 +46,27 @@ std::optional<Value> exchange(std::map<Key, Value>& map, const Key& key, const s
     return before;
 }
 
+/// Place of an event among those of one step, the smallest first.
+int rank(const ProfileEvent& event)
+{
+    using namespace ProfileEvents;
+    struct Rank
+    {
+        int operator()(const ProfileAdded&) const { return 0; }
+        int operator()(const MacroAdded&) const { return 1; }
+        int operator()(const MacroChanged&) const { return 1; }
+        // Before the controls that the command is gone from: listeners put something else on those that may
+        // not be empty.
+        int operator()(const MacroDeleted&) const { return 1; }
+        int operator()(const AssignmentRemoved&) const { return 2; }
+        int operator()(const MacroAssigned&) const { return 2; }
+        int operator()(const ProfilePropertyChanged&) const { return 3; }
+        int operator()(const ProfileDeleted&) const { return 4; }
+        int operator()(const CurrentProfileSwitched&) const { return 5; }
+    };
+    return std::visit(Rank(), event);
+}
+
 } // namespace
 
 /// Carries out the changes of one step and notes what they do.
@@ -239,7 +260,25 @@ ProfileBook::Outcome ProfileBook::apply(const ProfileStep& step)
     for (const ProfileChange& change : step.changes)
         std::visit(Editor(*this, outcome), change);
     std::reverse(outcome.inverse.changes.begin(), outcome.inverse.changes.end());
+    outcome.events = arranged(outcome.events);
     return outcome;
+}
+
+std::vector<ProfileEvent> ProfileBook::arranged(std::vector<ProfileEvent> events) const
+{
+    QSet<QString> changed;
+    const auto isSuperfluous = [&](const ProfileEvent& event) {
+        const auto* change = std::get_if<ProfileEvents::ProfilePropertyChanged>(&event);
+        if (!change)
+            return false;
+        const bool isRepeated = changed.contains(change->profileId);
+        changed.insert(change->profileId);
+        return isRepeated || !find(change->profileId);
+    };
+    events.erase(std::remove_if(events.begin(), events.end(), isSuperfluous), events.end());
+    std::stable_sort(events.begin(), events.end(),
+        [](const ProfileEvent& a, const ProfileEvent& b) { return rank(a) < rank(b); });
+    return events;
 }
 
 QStringList ProfileBook::ids() const

@@ -27,8 +27,9 @@ public:
     {
         /// The step that brings back what was before. Without changes if the step changed nothing.
         ProfileStep inverse;
-        /// In the order in which listeners can rely on them: a command is there before it is assigned and
-        /// gone after its assignments; a control's old command goes before its new one comes.
+        /// All is in memory when the first is published. A command is announced before the controls that it
+        /// comes to or is gone from, a control's old command goes before its new one comes, a profile's
+        /// property event is there once.
         std::vector<ProfileEvent> events;
         /// Ids of the profiles whose content changed, also of removed ones.
         QSet<QString> touched;
@@ -56,6 +57,8 @@ public:
 private:
     class Editor;
 
+    /// The events of a step as Outcome::events has them.
+    std::vector<ProfileEvent> arranged(std::vector<ProfileEvent> events) const;
     Profile* findMutable(const QString& profileId);
 
     std::vector<std::unique_ptr<Profile>> m_profiles;

@@ -15,7 +15,7 @@ class QDomElement;
 ///     <profiles version="1">
 ///         <profile uid="{...}" name="..." deviceid="..." migration="..." uselcd="true" lock="true">
 ///             <description/> <target/> <script/> <icon>base64 of a PNG</icon>
-///             <signatures> <signature key="" value="" executable="" name=""/> ... </signatures>
+///             <signature key="" value="" executable="" name=""/> ...
 ///             <macros>
 ///                 <macro uid="" name="" display_name="" namespace="" hidden="true">
 ///                     <repeat mode="" delay=""/>

@@ -123,8 +123,8 @@ private:
             profile.properties[name] = text();
         else if (is(Icon))
             profile.icon = QByteArray::fromBase64(text().toLatin1());
-        else if (is(Signatures))
-            readSignatures(profile.properties[Signatures]);
+        else if (is(Signature))
+            readSignature(profile.properties[Signatures]);
         else if (is(Macros))
             readMacros(profile);
         else if (is(Assignments))
@@ -150,16 +150,13 @@ private:
             m_xml.raiseError(error);
     }
 
-    void readSignatures(cJsonValue& signatures)
+    void readSignature(cJsonValue& signatures)
     {
-        signatures = cJsonValue(cJsonValue::arrayValue);
-        while (nextChild()) {
-            cJsonValue signature;
-            for (const char* key : SignatureKeys)
-                signature[key] = attribute(key);
-            signatures.append(signature);
-            m_xml.skipCurrentElement();
-        }
+        cJsonValue signature;
+        for (const char* key : SignatureKeys)
+            signature[key] = attribute(key);
+        signatures.append(signature);
+        m_xml.skipCurrentElement();
     }
 
     void readMacros(Profile& profile)

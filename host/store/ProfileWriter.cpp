@@ -131,17 +131,12 @@ private:
 
     void writeSignatures(const cJsonValue& signatures)
     {
-        if (signatures.size() == 0)
-            return;
-        start(Signatures);
         for (unsigned i = 0; i < signatures.size(); ++i) {
-            const cJsonValue& signature = signatures[int(i)];
             start(Signature);
             for (const char* key : SignatureKeys)
-                attribute(key, signature[key].toString());
+                attribute(key, signatures[int(i)][key].toString());
             endEmpty();
         }
-        end();
     }
 
     void writeMacros(const std::vector<cJsonValue>& macros)
