@@ -41,7 +41,7 @@ public:
 
     ProfileDocument::ReadResult read()
     {
-        if (m_xml.readNextStartElement()) {
+        if (findRoot()) {
             if (is(Root))
                 readRoot();
             else if (is(ProfileElement))
@@ -62,6 +62,16 @@ public:
     }
 
 private:
+    bool findRoot()
+    {
+        while (!m_xml.atEnd() && !m_xml.isStartElement()) {
+            // No profile needs one, and entities are a way to make a reader swell or fetch other files.
+            if (m_xml.readNext() == QXmlStreamReader::DTD)
+                m_xml.raiseError(translated("it declares a document type"));
+        }
+        return m_xml.isStartElement();
+    }
+
     bool is(const char* name) const { return m_xml.name() == QLatin1String(name); }
 
     QString attribute(const char* name) const
