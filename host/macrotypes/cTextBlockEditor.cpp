@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QTextOption>
 #include <QVBoxLayout>
 
 cTextBlockEditor::cTextBlockEditor(const cJsonValue& macro)
@@ -13,6 +14,9 @@ cTextBlockEditor::cTextBlockEditor(const cJsonValue& macro)
     , m_count(makeHint(QString()))
 {
     m_text->setTabChangesFocus(true);
+    // Breaking a word that is longer than a line takes time that grows with the square of its length, and a
+    // pasted text may be one long word.
+    m_text->setWordWrapMode(QTextOption::WordWrap);
     m_text->setAccessibleName(tr("Text"));
     formLayout()->addWidget(makeLabel(tr("&Text:"), m_text));
     formLayout()->addWidget(m_text, 1);
