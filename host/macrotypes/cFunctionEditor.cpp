@@ -1,5 +1,6 @@
 #include "cFunctionEditor.h"
 
+#include "FormSizes.h"
 #include "RecordXml.h"
 
 #include <QHeaderView>
@@ -39,6 +40,7 @@ void cFunctionEditor::createList()
     m_list->setColumnCount(hasKeys ? 2 : 1);
     for (const NamedFunction& function : m_functions) {
         auto* const item = new QTreeWidgetItem(m_list, {tr(function.name)});
+        item->setSizeHint(0, QSize(0, m_list->fontMetrics().height() + FormSizes::RowPadding));
         if (!hasKeys)
             continue;
         item->setText(1, function.keys);
@@ -88,7 +90,7 @@ cMacroForm::Objection cFunctionEditor::check()
 void cFunctionEditor::showEvent(QShowEvent* event)
 {
     cMacroForm::showEvent(event);
-    // Not earlier: the style that gives the rows their height comes with the window.
+    // A list that is not shown does not scroll to what is selected.
     if (m_list->currentItem())
         m_list->scrollToItem(m_list->currentItem());
 }

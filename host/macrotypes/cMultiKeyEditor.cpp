@@ -115,7 +115,7 @@ void cMultiKeyEditor::createList()
     m_list->verticalHeader()->hide();
     // One height for all: rows are not measured, however many there are.
     m_list->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_list->verticalHeader()->setDefaultSectionSize(m_list->fontMetrics().height() + FormSizes::Spacing);
+    m_list->verticalHeader()->setDefaultSectionSize(m_list->fontMetrics().height() + FormSizes::RowPadding);
     m_list->horizontalHeader()->setHighlightSections(false);
     m_list->horizontalHeader()->setSectionsClickable(false);
     m_list->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
