@@ -17,6 +17,9 @@ namespace MacroNamespaces {
 inline const QLatin1String MouseFunction("http://www.veltrano.com/Halvorine/2010.1/Macros/MouseFunction");
 inline const QLatin1String Media("http://www.veltrano.com/Halvorine/2010.1/Macros/Media");
 inline const QLatin1String Hotkeys("http://www.veltrano.com/Halvorine/2010.1/Macros/Hotkeys");
+/// The types of the two stick commands.
+inline const QLatin1String StickMouse("http://www.veltrano.com/Halvorine/2010.1/Macros/StickMouse");
+inline const QLatin1String StickJoystick("http://www.veltrano.com/Halvorine/2010.1/Macros/StickJoystick");
 } // namespace MacroNamespaces
 
 /// The categories and models that the plug-in tells apart.

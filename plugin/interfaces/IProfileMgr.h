@@ -34,7 +34,7 @@ public:
     Q_INVOKABLE virtual bool addProfile(const cJsonValue& profile) = 0;
 
     /// Creates the profile of a detected game from its `profile` element of the game database.
-    /// `signature` is the name of the signature that was found.
+    /// `signature` tells what was found: the path of the game's executable, which becomes the target.
     Q_INVOKABLE virtual bool addProfile(
         const QDomElement& profile, const QString& displayName, const QString& signature) = 0;
 
@@ -96,7 +96,7 @@ public:
     /// Id of the default profile.
     Q_INVOKABLE virtual QString getDefaultProfileID() = 0;
 
-    /// True if the profile's assignments are those of the default configuration.
+    /// True for the built-in default profile, which users can't delete or edit the properties of.
     Q_INVOKABLE virtual bool isDefaultConfiguration(const QString& profileID) = 0;
 
     /// Array of the records of all profiles.

@@ -86,6 +86,9 @@ QVector<Picture> inventory()
     for (const char* name : {"VeltranoBlackLogo", "horizontal_line", "text_field", "sprite_panel"})
         pictures << Picture {Host, name, QSize(0, 0)};
     pictures << Picture {Host, "slider_thumb_H_small", QSize(0, 9)};
+    for (const char* type : {"keystroke", "multikey", "textblock", "mouse", "media", "hotkeys", "launch",
+             "script", "stickmouse", "stickjoystick"})
+        pictures << Picture {Host, QString("macro_") + type, QSize(24, 24)};
     return pictures;
 }
 

@@ -1,0 +1,110 @@
+#include "RecordXml.h"
+
+#include <JsonText.h>
+
+#include <QString>
+
+#include <algorithm>
+
+namespace {
+
+bool hasKind(const cJsonValue& value, RecordField::Kind kind)
+{
+    return kind == RecordField::Kind::Text ? RecordXml::isText(value) : RecordXml::isNumber(value);
+}
+
+} // namespace
+
+namespace RecordXml {
+
+// A value tells no type but null, array and object. It differs from a value of another type, though.
+bool isText(const cJsonValue& value)
+{
+    return value == cJsonValue(value.toString());
+}
+
+bool isNumber(const cJsonValue& value)
+{
+    return value == cJsonValue(value.toInt());
+}
+
+bool holds(const cJsonValue& record, const RecordFields& fields)
+{
+    return record.isObject() && std::all_of(fields.begin(), fields.end(), [&](const RecordField& field) {
+        return record.contains(field.name) ? hasKind(record[field.name], field.kind) : !field.isRequired;
+    });
+}
+
+bool read(const QDomElement& element, const RecordFields& fields, cJsonValue& record)
+{
+    int known = 0;
+    for (const RecordField& field : fields) {
+        const QLatin1String name(field.name);
+        if (!element.hasAttribute(name)) {
+            if (field.isRequired)
+                return false;
+            continue;
+        }
+        ++known;
+        const QString text = element.attribute(name);
+        if (field.kind == RecordField::Kind::Text) {
+            record[field.name] = text;
+            continue;
+        }
+        const int number = text.toInt();
+        if (QString::number(number) != text)
+            return false;
+        record[field.name] = number;
+    }
+    return element.attributes().count() == known;
+}
+
+bool write(const cJsonValue& record, const RecordFields& fields, QDomElement& element)
+{
+    if (!holds(record, fields))
+        return false;
+    int known = 0;
+    for (const RecordField& field : fields) {
+        if (!record.contains(field.name))
+            continue;
+        ++known;
+        const cJsonValue& value = record[field.name];
+        const QString text = value.toString();
+        if (!canHold(text))
+            return false;
+        element.setAttribute(QLatin1String(field.name), text);
+    }
+    return HVS::jsonKeys(record).size() == known;
+}
+
+bool isEmpty(const QDomElement& element)
+{
+    return element.firstChildElement().isNull() && hasElementsOnly(element);
+}
+
+bool hasElementsOnly(const QDomElement& element)
+{
+    for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        if (!child.isElement() && !(child.isText() && child.nodeValue().trimmed().isEmpty()))
+            return false;
+    }
+    return true;
+}
+
+bool canHold(const QString& text)
+{
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar unit = text[i];
+        if (unit.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+            ++i;
+            continue;
+        }
+        const bool isSpace =
+            unit == QLatin1Char('\t') || unit == QLatin1Char('\n') || unit == QLatin1Char('\r');
+        if (unit.isSurrogate() || unit.unicode() >= 0xfffe || (unit.unicode() < 0x20 && !isSpace))
+            return false;
+    }
+    return true;
+}
+
+} // namespace RecordXml

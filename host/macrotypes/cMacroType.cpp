@@ -1,0 +1,64 @@
+#include "cMacroType.h"
+
+#include "MacroTypeIds.h"
+
+#include <utility>
+
+cMacroType::cMacroType(MacroTypeTraits traits, InputSinkPtr sink)
+    : m_traits(std::move(traits))
+    , m_sink(std::move(sink))
+{ }
+
+cJsonValue cMacroType::info()
+{
+    cJsonValue info;
+    info["uid"] = m_traits.uid;
+    info["displayname"] = m_traits.displayName;
+    info["iconpath"] = QString(QLatin1String("MainApp:/Resources/images/") + m_traits.icon);
+    info["control_types"] = cJsonValue(cJsonValue::arrayValue);
+    for (const QString& name : qAsConst(m_traits.controlTypes)) {
+        cJsonValue controlType;
+        controlType["control_type"] = name;
+        info["control_types"].append(controlType);
+    }
+    return info;
+}
+
+cJsonValue cMacroType::XmlToJson(QDomElement macroDataDomElement)
+{
+    cJsonValue data;
+    if (macroDataDomElement.tagName() != m_traits.tag || !readElement(macroDataDomElement, data))
+        return {};
+    return data;
+}
+
+QDomElement cMacroType::JsonToXml(QDomDocument doc, cJsonValue macro)
+{
+    const cJsonValue& data = qAsConst(macro)["data"];
+    if (!data.isObject())
+        return {};
+    QDomElement element = doc.createElement(m_traits.tag);
+    return writeElement(data, element) ? element : QDomElement();
+}
+
+cPlayStatePtr cMacroType::createPlayState(cJsonValue macro)
+{
+    const cJsonValue& record = macro;
+    return record["namespace"].toString() == m_traits.uid ? run(record["data"]) : cPlayStatePtr();
+}
+
+QStringList cMacroType::anyControl()
+{
+    return {ControlTypes::Key, ControlTypes::Button, ControlTypes::WheelTilt, ControlTypes::StickDirection,
+        ControlTypes::StickPress};
+}
+
+bool cMacroType::readElement(const QDomElement& element, cJsonValue& data) const
+{
+    return RecordXml::isEmpty(element) && RecordXml::read(element, m_traits.fields, data);
+}
+
+bool cMacroType::writeElement(const cJsonValue& data, QDomElement& element) const
+{
+    return RecordXml::write(data, m_traits.fields, element);
+}

@@ -1,0 +1,182 @@
+#include "cProfileMgrService.h"
+
+#include <EventNames.h>
+#include <FixedIds.h>
+#include <IMacroTypeMgr.h>
+#include <IServiceMgr.h>
+#include <ISettings.h>
+#include <ProfileDocument.h>
+
+#include <QFile>
+
+#include <utility>
+
+using namespace ProfileChanges;
+
+namespace {
+
+/// Where the settings keep the roles.
+const QLatin1String DefaultKey("profiles/default");
+const QLatin1String PersistentKey("profiles/persistent");
+
+template<typename T>
+QGenericArgument tagged(const char* type, const T& value)
+{
+    return QGenericArgument(type, &value);
+}
+
+} // namespace
+
+cProfileMgrService::cProfileMgrService(
+    const QString& folder, const QString& defaultDocument, const Surroundings& surroundings, QObject* parent)
+    : IProfileMgr(parent)
+    , m_defaultDocument(defaultDocument)
+    , m_surroundings(surroundings)
+    , m_store(
+          folder, [this](const QString& macroNamespace) { return macroType(macroNamespace); },
+          [this](const QString& profileId) { return m_book.find(profileId); })
+{
+    connect(&m_store, SIGNAL(problem(QString)), this, SIGNAL(problem(QString)));
+}
+
+cProfileMgrService::~cProfileMgrService() = default;
+
+void cProfileMgrService::load()
+{
+    Changes changes;
+    for (Profile& profile : m_store.readAll())
+        changes.emplace_back(InsertProfile {std::move(profile), -1});
+    // Nobody listens yet, and what was read need not be written.
+    m_book.apply({QString(), std::move(changes)});
+    loadDefaultProfile();
+    restoreRoles();
+}
+
+void cProfileMgrService::loadDefaultProfile()
+{
+    if (profile(FixedIds::DefaultProfile))
+        return;
+    Profile profile;
+    QFile file(m_defaultDocument);
+    if (file.open(QIODevice::ReadOnly)) {
+        const ProfileDocument::ReadResult result = ProfileDocument::read(
+            file.readAll(), [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+        if (!result.error.isEmpty())
+            Q_EMIT problem(tr("The default profile can't be read: %1.").arg(result.error));
+        if (!result.profiles.empty())
+            profile = result.profiles.front();
+    }
+    profile.properties["uid"] = QString(FixedIds::DefaultProfile);
+    if (profile.name().isEmpty())
+        profile.properties["name"] = tr("Default Profile");
+    perform(QString(), {InsertProfile {std::move(profile), 0}});
+}
+
+void cProfileMgrService::restoreRoles()
+{
+    const auto stored = [this](QLatin1String key) {
+        return m_surroundings.settings ? m_surroundings.settings->getPropertyString(key) : QString();
+    };
+    const QString byDefault = stored(DefaultKey);
+    m_book.apply({QString(),
+        {SetRole {Role::Default, profile(byDefault) ? byDefault : QString(FixedIds::DefaultProfile)},
+            SetRole {Role::Persistent, stored(PersistentKey)}}});
+    m_book.apply({QString(), {SetRole {Role::Current, chooseCurrent(QString())}}});
+}
+
+void cProfileMgrService::storeRoles()
+{
+    if (!m_surroundings.settings)
+        return;
+    m_surroundings.settings->setPropertyString(DefaultKey, m_book.withRole(Role::Default));
+    m_surroundings.settings->setPropertyString(PersistentKey, m_book.withRole(Role::Persistent));
+}
+
+bool cProfileMgrService::perform(const QString& text, const Changes& changes)
+{
+    const ProfileBook::Outcome outcome = m_book.apply({text, changes});
+    for (const QString& profileId : outcome.touched)
+        m_store.markChanged(profileId);
+    if (outcome.rolesChanged)
+        storeRoles();
+    for (const ProfileEvent& event : outcome.events)
+        m_waiting.enqueue(event);
+    publishWaiting();
+    return !outcome.inverse.changes.empty();
+}
+
+void cProfileMgrService::publishWaiting()
+{
+    if (m_isPublishing)
+        return;
+    m_isPublishing = true;
+    while (!m_waiting.isEmpty())
+        publish(m_waiting.dequeue());
+    m_isPublishing = false;
+}
+
+void cProfileMgrService::publish(const ProfileEvent& event)
+{
+    struct Publisher
+    {
+        void operator()(const ProfileEvents::ProfileAdded& e) const
+        {
+            send(Events::ProfileAdded, e.profileId);
+        }
+        void operator()(const ProfileEvents::ProfileDeleted& e) const
+        {
+            send(Events::ProfileDeleted, e.profileId);
+        }
+        void operator()(const ProfileEvents::ProfilePropertyChanged& e) const
+        {
+            send(Events::ProfilePropertyChanged, e.profileId);
+        }
+        void operator()(const ProfileEvents::CurrentProfileSwitched& e) const
+        {
+            send(Events::CurrentProfileSwitched, e.profileId);
+        }
+        void operator()(const ProfileEvents::MacroAdded& e) const
+        {
+            send(Events::MacroAdded, e.profileId, e.macro);
+        }
+        void operator()(const ProfileEvents::MacroDeleted& e) const
+        {
+            send(Events::MacroDeleted, e.profileId, e.macro);
+        }
+        void operator()(const ProfileEvents::MacroChanged& e) const
+        {
+            send(Events::MacroChanged, e.profileId, e.macro);
+        }
+        void operator()(const ProfileEvents::MacroAssigned& e) const
+        {
+            IServiceMgr::instance()->publish(EventSources::ProfileMgr, Events::MacroAssigned,
+                tagged("QString", e.profileId), tagged("QString", e.control.category),
+                tagged("QString", e.macroId), tagged("MKey::MKey_t", e.control.mode),
+                tagged("QString", e.control.contextId));
+        }
+        void operator()(const ProfileEvents::AssignmentRemoved& e) const
+        {
+            IServiceMgr::instance()->publish(EventSources::ProfileMgr, Events::AssignmentRemoved,
+                tagged("QString", e.profileId), tagged("QString", e.control.category),
+                tagged("MKey::MKey_t", e.control.mode), tagged("QString", e.control.contextId),
+                tagged("QString", e.macroId));
+        }
+
+        static void send(QLatin1String name, const QString& profileId)
+        {
+            IServiceMgr::instance()->publish(EventSources::ProfileMgr, name, tagged("QString", profileId));
+        }
+        static void send(QLatin1String name, const QString& profileId, const cJsonValue& macro)
+        {
+            IServiceMgr::instance()->publish(
+                EventSources::ProfileMgr, name, tagged("QString", profileId), tagged("cJsonValue", macro));
+        }
+    };
+    std::visit(Publisher(), event);
+}
+
+cMacroTypePtr cProfileMgrService::macroType(const QString& macroNamespace) const
+{
+    return m_surroundings.macroTypes ? m_surroundings.macroTypes->getMacroTypeByID(macroNamespace)
+                                     : cMacroTypePtr();
+}

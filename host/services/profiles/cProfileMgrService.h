@@ -1,0 +1,212 @@
+#pragma once
+
+#include <IProfileMgr.h>
+#include <ProfileBook.h>
+#include <ProfileStore.h>
+
+#include <QQueue>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+class IDevMgr;
+class IMacroTypeMgr;
+class ISettings;
+
+/// The service "Profiler.ProfileMgr" over the profile store.
+///
+/// Every change goes through perform(): it is one step of the ProfileBook, its profiles are marked for
+/// writing, and then its events are published. A change that is made while events go out is in memory at
+/// once, and its events follow those that still wait, so that listeners hear of changes in the order in which
+/// they happened.
+///
+/// Rules that the operations' names leave open:
+/// - The built-in default profile (FixedIds::DefaultProfile) is the default configuration:
+/// isDefaultConfiguration() is
+///   true for it alone. It can't be deleted, and its properties can't be edited.
+/// - Backup: from the moment that a profile is made, or cleanupBackup() was called, the first change of a
+/// control
+///   remembers what the control held. assignmentHasBackup() is true while the control holds something else
+///   than that, profileHasBackup() if there is such a control in the category. setDefaultAssignment() puts
+///   back what is remembered; a command that has been deleted since leaves the control empty. While
+///   enableProfileBackup() is off, changes are not remembered: they become what later changes are measured
+///   against.
+/// - A command may sit on a control if the device's manifest gives the control a type that the command's type
+/// names. A
+///   control that no manifest describes takes every known type; a command whose type is unknown goes nowhere.
+/// - Profiles go out as records with their commands and assignments from getProfileByID() and its like;
+/// profiles() leaves
+///   these two out, since callers walk the list for names and ids.
+/// - The current profile is what keys play: the persistent one if there is one, else the one whose target is
+/// the
+///   foreground application, else the default one. testProfile() and activateNextProfile() override that
+///   until the foreground changes.
+class cProfileMgrService : public IProfileMgr
+{
+    Q_OBJECT
+    Q_CLASSINFO("service", "Profiler.ProfileMgr")
+
+public:
+    /// The services that this one asks. They outlive it.
+    struct Surroundings
+    {
+        ISettings* settings = nullptr;
+        IMacroTypeMgr* macroTypes = nullptr;
+        IDevMgr* devices = nullptr;
+    };
+
+    /// `folder` holds the documents; `defaultDocument` is the path of the document that a fresh start begins
+    /// with.
+    cProfileMgrService(const QString& folder, const QString& defaultDocument,
+        const Surroundings& surroundings, QObject* parent = nullptr);
+    ~cProfileMgrService() override;
+
+    /// Reads the stored profiles. Called once, before the service is registered.
+    void load();
+
+    /// True if changes are not saved, because another process holds the profiles or they can't be written to.
+    bool isReadOnly() const { return m_store.isReadOnly(); }
+
+    bool addProfile(const cJsonValue& profile) override;
+    bool addProfile(
+        const QDomElement& profile, const QString& displayName, const QString& signature) override;
+    bool deleteProfileByID(const QString& profileID) override;
+    void importProfile(const QString& profilePath) override;
+    void copyProfile(const QString& profileID) override;
+    void copyProfileToDevice(
+        const QString& profileID, const QString& deviceId, const QString& deviceName) override;
+    void exportProfile(const QString& profileID, const QString& profilePath) override;
+    void printProfile(
+        const QString& profileID, const QString& deviceCategory, const QStringList& keysList) override;
+    cJsonValue getProfileByID(const QString& profileID) override;
+    cJsonValue getProfileByName(const QString& profileID) override;
+    cJsonValue getProfileByTarget(const QString& profileTarget) override;
+    void activateNextProfile() override;
+    bool editProfileProperty(const cJsonValue& profileproperty) override;
+    QString getActiveProfileID() override;
+    void setPersistentProfileByID(const QString& profileID) override;
+    cJsonValue getPersistentProfile() override;
+    QString getPersistentProfileID() override;
+    void setDefaultProfileByID(const QString& profileID) override;
+    cJsonValue getDefaultProfile() override;
+    QString getDefaultProfileID() override;
+    bool isDefaultConfiguration(const QString& profileID) override;
+    cJsonValue profiles() override;
+    bool addMacro(const QString& profileID, const cJsonValue& macro) override;
+    bool copyMacros(
+        const QString& fromProfileID, const QString& toProfileID, const QStringList& macroIDs) override;
+    bool deleteMacro(const QString& profileID, const cJsonValue& macro) override;
+    bool editMacro(const QString& profileID, const cJsonValue& macro) override;
+    cJsonValue macros(const QString& profileID) override;
+    cJsonValue getMacroByID(const QString& profileID, const QString& macroID) override;
+    QString getAssignment(const QString& profileID, const QString& devicemodal, MKey::MKey_t mode,
+        const QString& contextID) override;
+    void setAssignment(const QString& profileID, const QString& devicemodal, const QString& macroID,
+        MKey::MKey_t mode, const QString& contextID) override;
+    void setGenericAssignment(const QString& profileID, const QString& devicemodal, const QString& type,
+        const QString& name, bool hidden, MKey::MKey_t mode, const QString& contextID) override;
+    void removeAssignment(const QString& profileID, const QString& devicemodal, MKey::MKey_t mode,
+        const QString& contextID) override;
+    bool isMacroAssigned(const QString& profileID, const QString& devCategory, const QStringList& contextIDs,
+        const QString& macroID) override;
+    bool saveAllProfiles() override;
+    bool saveProfile(const QString& profileID) override;
+    bool addMouseMacro(const QString& profileID) override;
+    bool addJoystickMacro(const QString& profileID) override;
+    bool setProfileScript(const QString& profileID, const QString& script) override;
+    QString getProfileScript(const QString& profileID) override;
+    QString getProfileName(const QString& profileID) override;
+    QString getProfileDeviceId(const QString& profileID) override;
+    QByteArray getProfilesToGoXML(
+        const QString& deviceId, bool dirtyOnly, const QStringList& localProfileIds) override;
+    cJsonValue getProfilesToGo(const QString& deviceId) override;
+    bool isProfileToGoDirty(const QString& profileID) override;
+    void testProfile(const QString& profileID) override;
+    cJsonValue getMacroByTypeAndName(
+        const QString& profileID, const QString& macroType, const QString& macroName, bool hidden) override;
+    void moveAssignments(
+        const QString& profileID, const QString& fromMacroID, const QString& toMacroID) override;
+    bool containsDevCategory(const QString& profileID, const QString& devCategory) override;
+    void setPointerDpi(
+        const QString& profileID, const QString& deviceModel, const cDpiSettings& dpi) override;
+    void setPointerMovement(
+        const QString& profileID, const QString& deviceModel, int speed, bool enableAcceleration) override;
+    void setPointerReportRate(const QString& profileID, const QString& deviceModel, int reportRate) override;
+    cPointerProperties pointerProperties(const QString& profileID, const QString& deviceModel) override;
+    bool pointerDpi(const QString& profileID, const QString& deviceModel, cDpiSettings& dpi) override;
+    bool pointerMovement(
+        const QString& profileID, const QString& deviceModel, int& speed, bool& enableAcceleration) override;
+    bool pointerReportRate(const QString& profileID, const QString& deviceModel, int& reportRate) override;
+    bool profileHasBackup(const QString& profileID, const QString& deviceCategory) override;
+    void setDefaultAssignment(const QString& profileID, const QString& devicemodal, MKey::MKey_t mode,
+        const QString& contextID) override;
+    void cleanupBackup(const QString& profileID, const QString& devicemodal) override;
+    bool assignmentHasBackup(const QString& profileID, const QString& devicemodal, MKey::MKey_t mode,
+        const QString& contextID) override;
+    void setProfileIcon(const QString& profileID, const QPixmap& scaledIcon) override;
+    QPixmap profileIcon(const QString& profileID) override;
+    bool hasCustomIcon(const QString& profileID) override;
+    bool canMacroBeAssignedTo(const QString& macroID, const QString& profileID, const QString& deviceCategory,
+        MKey::MKey_t mode, const QString& contextID) override;
+    bool canMacroBeChangedTo(
+        const QString& profileID, const QString& macroID, const cJsonValue& newMacro) override;
+    bool enableProfileBackup(const QString& profileID, bool enable) override;
+    QStringList profileIDs() override;
+
+    const ProfileBook& book() const { return m_book; }
+
+public Q_SLOTS:
+    /// Event of "MainApp_Events": chooses the current profile.
+    void onForegroundAppChange(const QString& appPath, quint32 processId);
+
+Q_SIGNALS:
+    /// Something that the user has to know, in words.
+    void problem(const QString& text);
+
+private:
+    using Changes = std::vector<ProfileChange>;
+
+    /// The one place where profiles change. False if nothing did.
+    bool perform(const QString& text, const Changes& changes);
+    void publishWaiting();
+    static void publish(const ProfileEvent& event);
+    void storeRoles();
+    void restoreRoles();
+    void loadDefaultProfile();
+
+    const Profile* profile(const QString& profileID) const { return m_book.find(profileID); }
+    /// As getProfileByID() gives it; null for a null profile.
+    static cJsonValue recordOf(const Profile* profile);
+    static cJsonValue shortRecordOf(const Profile& profile);
+    /// The profile that a record describes.
+    static Profile profileOf(const cJsonValue& record);
+    /// A name that no other local profile has: the given one, or that with a number.
+    QString freeName(const QString& name) const;
+    /// Gives the profile a new id and adds it; empty if that did not work.
+    bool addCopy(Profile profile, const QString& text);
+    QString chooseCurrent(const QString& foregroundApp) const;
+    bool addFixedMacro(
+        const QString& profileID, const QString& uid, const QString& name, const QString& macroNamespace);
+    void copyMacro(const Profile& target, const cJsonValue& macro, Changes& changes) const;
+
+    /// Adds the changes that put a command, or none, on a control and remember what it held.
+    void assign(
+        const Profile& profile, const ControlKey& control, const QString& macroId, Changes& changes) const;
+    /// Types of the control in the manifests of the category's devices; `isKnown` tells if one describes it.
+    QStringList controlTypes(const ControlKey& control, bool* isKnown) const;
+    bool fits(const cJsonValue& macro, const ControlKey& control) const;
+
+    cMacroTypePtr macroType(const QString& macroNamespace) const;
+
+    QString m_defaultDocument;
+    Surroundings m_surroundings;
+    ProfileBook m_book;
+    ProfileStore m_store;
+    QQueue<ProfileEvent> m_waiting;
+    bool m_isPublishing = false;
+    /// Profiles whose backup is paused.
+    QSet<QString> m_pausedBackups;
+    QString m_foregroundApp;
+};

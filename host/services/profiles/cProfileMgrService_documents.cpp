@@ -1,0 +1,117 @@
+#include "cProfileMgrService.h"
+
+#include <ProfileDocument.h>
+
+#include <QDir>
+#include <QDomElement>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QUuid>
+
+using namespace ProfileChanges;
+
+bool cProfileMgrService::addProfile(
+    const QDomElement& profile, const QString& displayName, const QString& signature)
+{
+    ProfileDocument::ReadResult result = ProfileDocument::readElement(
+        profile, [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+    if (result.profiles.empty())
+        return false;
+    Profile game = std::move(result.profiles.front());
+    game.properties["name"] = displayName;
+    game.properties["target"] = signature;
+    // The database's own id, if it has one, may be there already from an earlier scan.
+    return addCopy(std::move(game), tr("Add Profile %1").arg(displayName));
+}
+
+void cProfileMgrService::importProfile(const QString& profilePath)
+{
+    const QString file = QDir::toNativeSeparators(profilePath);
+    QFile document(profilePath);
+    QString reason;
+    ProfileDocument::ReadResult result;
+    if (!QFileInfo(profilePath).isFile() || !document.open(QIODevice::ReadOnly)) {
+        reason = tr("it can't be opened");
+    } else if (document.size() > ProfileDocument::MaxSize) {
+        reason = tr("it is larger than %1 MB").arg(ProfileDocument::MaxSize / 1024 / 1024);
+    } else {
+        result = ProfileDocument::read(
+            document.readAll(), [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+        reason = result.error;
+        if (reason.isEmpty() && result.profiles.empty())
+            reason = tr("it holds no profiles");
+    }
+    if (!reason.isEmpty()) {
+        Q_EMIT problem(tr("%1 was not imported: %2.").arg(file, reason));
+        return;
+    }
+    Changes changes;
+    for (Profile& imported : result.profiles) {
+        // What is there stays: a profile of the same id comes in beside it.
+        if (imported.uid().isEmpty() || profile(imported.uid()))
+            imported.properties["uid"] = QUuid::createUuid().toString().toUpper();
+        imported.properties["name"] = freeName(imported.name());
+        changes.emplace_back(InsertProfile {std::move(imported), -1});
+    }
+    perform(tr("Import %1").arg(QFileInfo(profilePath).fileName()), changes);
+}
+
+void cProfileMgrService::exportProfile(const QString& profileID, const QString& profilePath)
+{
+    const Profile* exported = profile(profileID);
+    if (!exported)
+        return;
+    const QByteArray document = ProfileDocument::write(
+        {*exported}, [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+    QSaveFile file(profilePath);
+    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.commit()) {
+        Q_EMIT problem(tr("%1 was not exported to %2: %3.")
+                           .arg(exported->name(), QDir::toNativeSeparators(profilePath), file.errorString()));
+    }
+}
+
+void cProfileMgrService::printProfile(const QString& profileID, const QString&, const QStringList&)
+{
+    if (const Profile* printed = profile(profileID))
+        Q_EMIT problem(tr("%1 was not printed: this version can't print profiles.").arg(printed->name()));
+}
+
+bool cProfileMgrService::saveAllProfiles()
+{
+    return m_store.writeNow();
+}
+
+bool cProfileMgrService::saveProfile(const QString& profileID)
+{
+    return profile(profileID) && m_store.writeNow(profileID);
+}
+
+QByteArray cProfileMgrService::getProfilesToGoXML(
+    const QString& deviceId, bool dirtyOnly, const QStringList& localProfileIds)
+{
+    std::vector<Profile> chosen;
+    for (const QString& id : m_book.ids()) {
+        const bool isOnDevice = !deviceId.isEmpty() && getProfileDeviceId(id) == deviceId;
+        if ((isOnDevice && (!dirtyOnly || isProfileToGoDirty(id))) || localProfileIds.contains(id))
+            chosen.push_back(*profile(id));
+    }
+    return ProfileDocument::write(
+        chosen, [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+}
+
+cJsonValue cProfileMgrService::getProfilesToGo(const QString& deviceId)
+{
+    cJsonValue records(cJsonValue::arrayValue);
+    for (const QString& id : m_book.ids()) {
+        if (!deviceId.isEmpty() && getProfileDeviceId(id) == deviceId)
+            records.append(recordOf(profile(id)));
+    }
+    return records;
+}
+
+bool cProfileMgrService::isProfileToGoDirty(const QString& profileID)
+{
+    // Nothing has been written to a device yet, so every profile that is bound to one is ahead of it.
+    return !getProfileDeviceId(profileID).isEmpty();
+}

@@ -1,0 +1,169 @@
+#include "cProfileMgrService.h"
+
+#include <FixedIds.h>
+
+#include <QUuid>
+
+#include <algorithm>
+
+using namespace ProfileChanges;
+
+namespace {
+
+QString uidOf(const cJsonValue& macro)
+{
+    return macro["uid"].toString();
+}
+
+QString displayNameOf(const cJsonValue& macro)
+{
+    return macro["display_name"].toString();
+}
+
+/// Commands of the built-in types are what their type and name say: a profile needs no second one.
+bool isBuiltIn(const cJsonValue& macro)
+{
+    const QString macroNamespace = macro["namespace"].toString();
+    return macroNamespace == MacroNamespaces::MouseFunction || macroNamespace == MacroNamespaces::Media
+        || macroNamespace == MacroNamespaces::Hotkeys;
+}
+
+/// The ids that only one command of a profile has, in every profile the same one.
+bool hasFixedId(const cJsonValue& macro)
+{
+    const QString uid = uidOf(macro).toUpper();
+    return uid == FixedIds::MouseMacro || uid == FixedIds::JoystickMacro;
+}
+
+} // namespace
+
+bool cProfileMgrService::addMacro(const QString& profileID, const cJsonValue& macro)
+{
+    return perform(tr("Add Command %1").arg(displayNameOf(macro)), {InsertMacro {profileID, macro, -1}});
+}
+
+bool cProfileMgrService::copyMacros(
+    const QString& fromProfileID, const QString& toProfileID, const QStringList& macroIDs)
+{
+    const Profile* target = profile(toProfileID);
+    if (!target)
+        return false;
+    Changes changes;
+    for (const QString& macroID : macroIDs) {
+        if (const cJsonValue* macro = m_book.findMacro(fromProfileID, macroID))
+            copyMacro(*target, *macro, changes);
+    }
+    return perform(tr("Copy Commands to %1").arg(target->name()), changes);
+}
+
+void cProfileMgrService::copyMacro(const Profile& target, const cJsonValue& macro, Changes& changes) const
+{
+    if (hasFixedId(macro)) {
+        changes.emplace_back(InsertMacro {target.uid(), macro, -1});
+        return;
+    }
+    const bool isThere = isBuiltIn(macro)
+        && std::any_of(target.macros.begin(), target.macros.end(), [&](const cJsonValue& other) {
+               return other["namespace"] == macro["namespace"] && other["name"] == macro["name"]
+                   && other["hidden"].toBool() == macro["hidden"].toBool();
+           });
+    if (isThere)
+        return;
+    cJsonValue copy = macro;
+    copy["uid"] = QUuid::createUuid().toString().toUpper();
+    changes.emplace_back(InsertMacro {target.uid(), copy, -1});
+}
+
+bool cProfileMgrService::deleteMacro(const QString& profileID, const cJsonValue& macro)
+{
+    const cJsonValue* doomed = m_book.findMacro(profileID, uidOf(macro));
+    if (!doomed)
+        return false;
+    const QString text = tr("Delete Command %1").arg(displayNameOf(*doomed));
+    Changes changes {RemoveMacro {profileID, uidOf(macro)}};
+    for (const ControlKey& control : m_book.controlsOf(profileID, uidOf(macro)))
+        assign(*profile(profileID), control, QString(), changes);
+    return perform(text, changes);
+}
+
+bool cProfileMgrService::editMacro(const QString& profileID, const cJsonValue& macro)
+{
+    return perform(tr("Change Command %1").arg(displayNameOf(macro)), {ReplaceMacro {profileID, macro}});
+}
+
+cJsonValue cProfileMgrService::macros(const QString& profileID)
+{
+    const Profile* found = profile(profileID);
+    if (!found)
+        return cJsonValue();
+    cJsonValue records(cJsonValue::arrayValue);
+    for (const cJsonValue& macro : found->macros)
+        records.append(macro);
+    return records;
+}
+
+cJsonValue cProfileMgrService::getMacroByID(const QString& profileID, const QString& macroID)
+{
+    const cJsonValue* macro = m_book.findMacro(profileID, macroID);
+    return macro ? *macro : cJsonValue();
+}
+
+cJsonValue cProfileMgrService::getMacroByTypeAndName(
+    const QString& profileID, const QString& macroType, const QString& macroName, bool hidden)
+{
+    if (const Profile* found = profile(profileID)) {
+        for (const cJsonValue& macro : found->macros) {
+            if (macro["namespace"].toString() == macroType && macro["name"].toString() == macroName
+                && macro["hidden"].toBool() == hidden)
+                return macro;
+        }
+    }
+    return cJsonValue();
+}
+
+void cProfileMgrService::moveAssignments(
+    const QString& profileID, const QString& fromMacroID, const QString& toMacroID)
+{
+    const cJsonValue* target = m_book.findMacro(profileID, toMacroID);
+    if (!target)
+        return;
+    Changes changes;
+    for (const ControlKey& control : m_book.controlsOf(profileID, fromMacroID))
+        assign(*profile(profileID), control, uidOf(*target), changes);
+    perform(tr("Move Assignments to %1").arg(displayNameOf(*target)), changes);
+}
+
+bool cProfileMgrService::canMacroBeChangedTo(
+    const QString& profileID, const QString& macroID, const cJsonValue& newMacro)
+{
+    const cJsonValue* macro = m_book.findMacro(profileID, macroID);
+    if (!macro || hasFixedId(*macro))
+        return false;
+    const std::vector<ControlKey> controls = m_book.controlsOf(profileID, macroID);
+    return std::all_of(
+        controls.begin(), controls.end(), [&](const ControlKey& control) { return fits(newMacro, control); });
+}
+
+bool cProfileMgrService::addMouseMacro(const QString& profileID)
+{
+    return addFixedMacro(profileID, FixedIds::MouseMacro, tr("Mouse"), MacroNamespaces::StickMouse);
+}
+
+bool cProfileMgrService::addJoystickMacro(const QString& profileID)
+{
+    return addFixedMacro(profileID, FixedIds::JoystickMacro, tr("Joystick"), MacroNamespaces::StickJoystick);
+}
+
+bool cProfileMgrService::addFixedMacro(
+    const QString& profileID, const QString& uid, const QString& name, const QString& macroNamespace)
+{
+    if (m_book.findMacro(profileID, uid))
+        return true;
+    cJsonValue macro;
+    macro["uid"] = uid;
+    macro["name"] = name;
+    macro["display_name"] = name;
+    macro["namespace"] = macroNamespace;
+    macro["hidden"] = false;
+    return perform(tr("Add Command %1").arg(name), {InsertMacro {profileID, macro, -1}});
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+/// The names of elements, attributes and record keys that reading and writing share.
+namespace DocumentNames {
+
+inline constexpr char Root[] = "profiles";
+inline constexpr char RootVersion[] = "version";
+inline constexpr char ProfileElement[] = "profile";
+
+/// Keys of the profile record that are attributes of its element, texts and booleans.
+inline constexpr const char* ProfileTexts[] = {"uid", "name", "deviceid", "migration"};
+inline constexpr const char* ProfileFlags[] = {"uselcd", "lock"};
+/// Keys of the profile record that are elements with a text.
+inline constexpr const char* ProfileElements[] = {"description", "target", "script"};
+
+inline constexpr char Icon[] = "icon";
+/// Key of the profile record for its signatures, which are elements below the profile.
+inline constexpr char Signatures[] = "signatures";
+inline constexpr char Signature[] = "signature";
+inline constexpr const char* SignatureKeys[] = {"key", "value", "executable", "name"};
+
+inline constexpr char Macros[] = "macros";
+inline constexpr char Macro[] = "macro";
+inline constexpr const char* MacroTexts[] = {"uid", "name", "display_name", "namespace"};
+inline constexpr char Hidden[] = "hidden";
+inline constexpr char Repeat[] = "repeat";
+inline constexpr char RepeatMode[] = "mode";
+inline constexpr char RepeatDelay[] = "delay";
+inline constexpr char Data[] = "data";
+inline constexpr char DataFormat[] = "format";
+inline constexpr char DataFormatJson[] = "json";
+/// Key in a command's `data` that holds the elements of a type that is not known here, as text.
+inline constexpr char RawData[] = "raw_xml";
+
+inline constexpr char Assignments[] = "assignments";
+inline constexpr char Backup[] = "backup";
+inline constexpr char Category[] = "category";
+inline constexpr char Assignment[] = "assignment";
+inline constexpr char MacroUid[] = "macrouid";
+inline constexpr char ContextId[] = "contextid";
+inline constexpr char ShiftState[] = "shiftstate";
+
+inline constexpr char Pointer[] = "pointer";
+inline constexpr char Model[] = "model";
+inline constexpr char Speed[] = "speed";
+inline constexpr char Acceleration[] = "acceleration";
+inline constexpr char ReportRate[] = "reportrate";
+inline constexpr char DefaultLevel[] = "defaultlevel";
+inline constexpr char ShiftLevel[] = "shiftlevel";
+inline constexpr char Dpi[] = "dpi";
+
+/// A key of a record that has no place of its own.
+inline constexpr char Property[] = "property";
+inline constexpr char PropertyName[] = "name";
+
+/// Keys of command records that hold what this version does not know.
+inline constexpr char ExtensionElements[] = "extension_elements";
+inline constexpr char ExtensionAttributes[] = "extension_attributes";
+
+inline constexpr char True[] = "true";
+
+} // namespace DocumentNames

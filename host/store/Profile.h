@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cJsonValue.h>
+#include <cPointerProperties.h>
+#include <MKey.h>
+
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <tuple>
+#include <vector>
+
+/// Names one control in one mode of one device category.
+struct ControlKey
+{
+    QString category;
+    MKey::MKey_t mode = MKey::M1;
+    QString contextId;
+
+    friend bool operator==(const ControlKey& a, const ControlKey& b)
+    {
+        return std::tie(a.category, a.mode, a.contextId) == std::tie(b.category, b.mode, b.contextId);
+    }
+    friend bool operator<(const ControlKey& a, const ControlKey& b)
+    {
+        return std::tie(a.category, a.mode, a.contextId) < std::tie(b.category, b.mode, b.contextId);
+    }
+};
+
+/// What a profile holds, as a value.
+///
+/// Records are kept as callers gave them; keys that this version does not know stay in them. What a document
+/// held that this version does not know stands in the `extensions` members and, inside command records, under
+/// the keys "extension_elements" (array of texts, one XML element each) and "extension_attributes" (object of
+/// texts).
+struct Profile
+{
+    /// The profile record without `macros` and `assignments`: `uid`, `name`, `description`, `target`,
+    /// `script`, `uselcd`, `lock`, `deviceid`, `migration`, `signatures` and whatever else it came with.
+    cJsonValue properties;
+    /// Command records in the order in which they were added.
+    std::vector<cJsonValue> macros;
+    /// The uid of the command on each control that has one.
+    std::map<ControlKey, QString> assignments;
+    /// Categories that the profile was set up for, also those without any assignment.
+    QSet<QString> categories;
+    /// What controls held before their first change since the category's backup began: a command's uid, or an
+    /// empty text for a control that was empty.
+    std::map<ControlKey, QString> backup;
+    /// PNG of the icon that the user chose, empty without one.
+    QByteArray icon;
+    /// By device model.
+    std::map<QString, cPointerProperties> pointers;
+    /// Elements of the document below the profile that this version does not know, as XML text, in their
+    /// order.
+    QStringList extensionElements;
+    /// Attributes of the profile's element that this version does not know.
+    std::map<QString, QString> extensionAttributes;
+
+    QString uid() const { return properties["uid"].toString(); }
+    QString name() const { return properties["name"].toString(); }
+};

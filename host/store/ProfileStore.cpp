@@ -1,0 +1,230 @@
+#include "ProfileStore.h"
+
+#include "ProfileDocument.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QUuid>
+
+#include <utility>
+
+namespace {
+
+const QLatin1String DocumentEnding(".xml");
+const QLatin1String LockName(".lock");
+const QLatin1String DamagedFolder("damaged");
+
+} // namespace
+
+ProfileStore::ProfileStore(const QString& folder, MacroTypeLookup types, Source source, QObject* parent)
+    : QObject(parent)
+    , m_folder(folder)
+    , m_types(std::move(types))
+    , m_source(std::move(source))
+    , m_lock(QDir(folder).filePath(LockName))
+{
+    m_writeTimer.setSingleShot(true);
+    connect(&m_writeTimer, SIGNAL(timeout()), this, SLOT(onWriteTimer()));
+    openFolder();
+}
+
+ProfileStore::~ProfileStore()
+{
+    writeNow();
+}
+
+void ProfileStore::openFolder()
+{
+    // The lock ends with its process, however that ends; its age says nothing.
+    m_lock.setStaleLockTime(0);
+    if (QDir().mkpath(m_folder) && m_lock.tryLock(0))
+        return;
+    m_isReadOnly = true;
+}
+
+std::vector<Profile> ProfileStore::readAll()
+{
+    if (m_isReadOnly) {
+        Q_EMIT problem(m_lock.error() == QLockFile::LockFailedError
+                ? tr("Another process of this application uses your profiles. Changes that you make here are "
+                     "not saved.")
+                : tr("The folder %1 can't be written to. Changes that you make are not saved.")
+                      .arg(QDir::toNativeSeparators(m_folder)));
+    }
+    std::vector<Profile> profiles;
+    const QDir folder(m_folder);
+    const QStringList names =
+        folder.entryList({QLatin1Char('*') + DocumentEnding}, QDir::Files | QDir::Hidden, QDir::Name);
+    for (const QString& name : names) {
+        const QString path = folder.filePath(name);
+        const QString reason = readDocument(path, profiles);
+        if (!reason.isEmpty())
+            setAside(path, reason);
+    }
+    return profiles;
+}
+
+QString ProfileStore::readDocument(const QString& path, std::vector<Profile>& profiles)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return file.errorString();
+    if (file.size() > ProfileDocument::MaxSize)
+        return tr("it is larger than %1 MB").arg(ProfileDocument::MaxSize / 1024 / 1024);
+    ProfileDocument::ReadResult result = ProfileDocument::read(file.readAll(), m_types);
+    if (!result.error.isEmpty())
+        return result.error;
+    if (result.profiles.size() != 1)
+        return tr("it holds %1 profiles instead of one").arg(result.profiles.size());
+    const QString id = result.profiles.front().uid().toUpper();
+    if (id.isEmpty())
+        return tr("its profile has no id");
+    if (m_paths.contains(id))
+        return tr("another document holds a profile of the same id");
+    m_paths[id] = path;
+    profiles.push_back(std::move(result.profiles.front()));
+    return QString();
+}
+
+void ProfileStore::setAside(const QString& path, const QString& reason)
+{
+    const QString name = QFileInfo(path).fileName();
+    const QString text = tr("The profile document %1 can't be used: %2.").arg(name, reason);
+    if (m_isReadOnly) {
+        Q_EMIT problem(text);
+        return;
+    }
+    const QDir folder(m_folder);
+    folder.mkpath(DamagedFolder);
+    const QString base = QFileInfo(path).completeBaseName() + QLatin1Char('-')
+        + QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    QString target;
+    for (int i = 0; target.isEmpty() || QFile::exists(target); ++i) {
+        const QString number = i == 0 ? QString() : QStringLiteral("-%1").arg(i);
+        target = folder.filePath(DamagedFolder + QLatin1Char('/') + base + number + DocumentEnding);
+    }
+    if (!QFile::rename(path, target)) {
+        // It is safe where it is too: documentPath() keeps clear of it.
+        Q_EMIT problem(text + QLatin1Char(' ') + tr("It stays where it is."));
+        return;
+    }
+    QFile note(target + QLatin1String(".reason.txt"));
+    if (note.open(QIODevice::WriteOnly))
+        note.write(text.toUtf8() + '\n');
+    Q_EMIT problem(text + QLatin1Char(' ') + tr("It was moved to %1.").arg(QDir::toNativeSeparators(target)));
+}
+
+void ProfileStore::markChanged(const QString& profileId)
+{
+    m_changed.insert(profileId.toUpper());
+    // A change does not put off what waits already.
+    if (!m_isReadOnly && !m_writeTimer.isActive())
+        m_writeTimer.start(WriteDelay);
+}
+
+bool ProfileStore::writeNow()
+{
+    bool allWritten = true;
+    const QSet<QString> ids = m_changed;
+    for (const QString& id : ids)
+        allWritten = writeNow(id) && allWritten;
+    return allWritten;
+}
+
+bool ProfileStore::writeNow(const QString& profileId)
+{
+    const QString id = profileId.toUpper();
+    if (!m_changed.contains(id))
+        return true;
+    if (m_isReadOnly || !writeOne(id)) {
+        scheduleRetry();
+        return false;
+    }
+    m_changed.remove(id);
+    if (m_changed.isEmpty()) {
+        m_writeTimer.stop();
+        m_retryDelay = FirstRetryDelay;
+        m_failureReported = false;
+    }
+    return true;
+}
+
+void ProfileStore::onWriteTimer()
+{
+    writeNow();
+}
+
+bool ProfileStore::writeOne(const QString& profileId)
+{
+    const Profile* profile = m_source(profileId);
+    if (!profile) {
+        const bool isGone = removeOne(m_paths.value(profileId));
+        if (isGone)
+            m_paths.remove(profileId);
+        return isGone;
+    }
+    const QByteArray document = ProfileDocument::write({*profile}, m_types);
+    if (document.size() > ProfileDocument::MaxSize) {
+        reportFailure(tr("The profile %1 is too large to be saved: it may have %2 MB.")
+                          .arg(profile->name())
+                          .arg(ProfileDocument::MaxSize / 1024 / 1024));
+        return false;
+    }
+    QSaveFile file(documentPath(profileId));
+    if (file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit())
+        return true;
+    reportFailure(tr("The profile %1 could not be saved: %2. It stays open and is tried again.")
+                      .arg(profile->name(), file.errorString()));
+    return false;
+}
+
+bool ProfileStore::removeOne(const QString& path)
+{
+    QFile file(path);
+    if (path.isEmpty() || !file.exists() || file.remove())
+        return true;
+    reportFailure(tr("The document %1 of a deleted profile could not be removed: %2.")
+                      .arg(QFileInfo(path).fileName(), file.errorString()));
+    return false;
+}
+
+QString ProfileStore::documentPath(const QString& profileId)
+{
+    QString& path = m_paths[profileId];
+    const QString name = fileName(profileId);
+    for (int i = 1; path.isEmpty(); ++i) {
+        const QString number = i == 1 ? QString() : QStringLiteral("%1-").arg(i);
+        const QString candidate = QDir(m_folder).filePath(number + name);
+        if (!QFileInfo::exists(candidate))
+            path = candidate;
+    }
+    return path;
+}
+
+void ProfileStore::reportFailure(const QString& text)
+{
+    if (!std::exchange(m_failureReported, true))
+        Q_EMIT problem(text);
+}
+
+void ProfileStore::scheduleRetry()
+{
+    if (m_isReadOnly)
+        return;
+    m_writeTimer.start(m_retryDelay);
+    m_retryDelay = qMin(2 * m_retryDelay, LastRetryDelay);
+}
+
+QString ProfileStore::fileName(const QString& profileId)
+{
+    const QUuid uuid(profileId);
+    if (!uuid.isNull())
+        return uuid.toString(QUuid::WithoutBraces).toLower() + DocumentEnding;
+    const QByteArray digest =
+        QCryptographicHash::hash(profileId.toUpper().toUtf8(), QCryptographicHash::Sha256).toHex();
+    return QLatin1String("id-") + QString::fromLatin1(digest) + DocumentEnding;
+}

@@ -1,0 +1,237 @@
+#include "RandomProfiles.h"
+
+#include <ProfileDocument.h>
+#include <TestCase.h>
+
+namespace {
+
+using ProfileDocument::ReadResult;
+
+ReadResult read(const QByteArray& document, const MacroTypeLookup& types = {})
+{
+    return ProfileDocument::read(document, types);
+}
+
+QByteArray write(const Profile& profile, const MacroTypeLookup& types = {})
+{
+    return ProfileDocument::write({profile}, types);
+}
+
+QByteArray wrapped(const QByteArray& content)
+{
+    return "<profiles version=\"1\"><profile uid=\"{1}\" name=\"P\">" + content + "</profile></profiles>";
+}
+
+/// A type whose data is one number in an attribute.
+class NumberType : public IMacroType
+{
+public:
+    cJsonValue info() override { return {}; }
+    IMacroEditor* editor(cJsonValue) override { return nullptr; }
+    cJsonValue XmlToJson(QDomElement element) override
+    {
+        cJsonValue data;
+        if (element.tagName() == QLatin1String("number"))
+            data["number"] = element.attribute(QStringLiteral("value")).toInt();
+        return data;
+    }
+    QDomElement JsonToXml(QDomDocument document, cJsonValue macro) override
+    {
+        QDomElement element = document.createElement(QStringLiteral("number"));
+        element.setAttribute(QStringLiteral("value"), macro["data"]["number"].toInt());
+        element.setAttribute(QStringLiteral("also"), 1);
+        return element;
+    }
+    cPlayStatePtr createPlayState(cJsonValue) override { return {}; }
+    bool isRepeatable() override { return true; }
+    bool isPrivate() override { return false; }
+    bool isFixedName() override { return false; }
+    int getPriority() override { return 0; }
+};
+
+MacroTypeLookup numberType()
+{
+    return [](const QString& macroNamespace) {
+        return macroNamespace == QLatin1String("urn:number") ? cMacroTypePtr(new NumberType)
+                                                             : cMacroTypePtr();
+    };
+}
+
+} // namespace
+
+class ProfileDocumentTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void randomProfilesComeBackAsTheyWere();
+    void equalContentMakesEqualBytes();
+    void knownTypeReadsAndWritesItsElement();
+    void elementsOfUnknownTypesAreKept_data();
+    void elementsOfUnknownTypesAreKept();
+    void unknownElementsAndAttributesAreKept();
+    void severalProfilesShareADocument();
+    void loneProfileIsRead();
+    void elementOfAnotherDocumentIsRead();
+    void badDocumentIsRefused_data();
+    void badDocumentIsRefused();
+    void documentOfANewerVersionIsToldApart();
+    void documentCutOffAnywhereIsRefused();
+    void oversizedDocumentIsRefused();
+};
+
+void ProfileDocumentTest::randomProfilesComeBackAsTheyWere()
+{
+    for (quint32 seed = 0; seed < 500; ++seed) {
+        const Profile profile = RandomProfiles(seed).profile();
+        const ReadResult result = read(write(profile));
+        QVERIFY2(
+            result.error.isEmpty(), qPrintable(QStringLiteral("seed %1: %2").arg(seed).arg(result.error)));
+        QCOMPARE(result.profiles.size(), std::size_t(1));
+        QVERIFY2(result.profiles.front() == profile, qPrintable(QStringLiteral("seed %1").arg(seed)));
+    }
+}
+
+void ProfileDocumentTest::equalContentMakesEqualBytes()
+{
+    for (quint32 seed = 0; seed < 100; ++seed) {
+        const QByteArray document = write(RandomProfiles(seed).profile());
+        QCOMPARE(write(read(document).profiles.front()), document);
+    }
+}
+
+void ProfileDocumentTest::knownTypeReadsAndWritesItsElement()
+{
+    const QByteArray document =
+        wrapped("<macros><macro uid=\"{2}\" namespace=\"urn:number\"><data><number value=\"7\"/>"
+                "</data></macro></macros>");
+    const ReadResult result = read(document, numberType());
+    QCOMPARE(result.error, QString());
+    QCOMPARE(result.profiles.front().macros.front()["data"]["number"].toInt(), 7);
+    // Attributes stand in the order of their names, whatever order the type made them in.
+    QVERIFY(write(result.profiles.front(), numberType()).contains("<number also=\"1\" value=\"7\"/>"));
+}
+
+void ProfileDocumentTest::elementsOfUnknownTypesAreKept_data()
+{
+    QTest::addColumn<QByteArray>("macroNamespace");
+    QTest::addColumn<QByteArray>("data");
+    QTest::newRow("no such type") << QByteArray("urn:other") << QByteArray("<a x=\"1\"> t <b/> u </a>");
+    QTest::newRow("several elements") << QByteArray("urn:other") << QByteArray("<a/><b/>");
+    QTest::newRow("element that the type does not know")
+        << QByteArray("urn:number") << QByteArray("<text>1</text>");
+    QTest::newRow("more than the type reads")
+        << QByteArray("urn:number") << QByteArray("<number value=\"1\"/><b/>");
+}
+
+void ProfileDocumentTest::elementsOfUnknownTypesAreKept()
+{
+    QFETCH(QByteArray, macroNamespace);
+    QFETCH(QByteArray, data);
+    const QByteArray document = wrapped("<macros><macro uid=\"{2}\" namespace=\"" + macroNamespace
+        + "\"><data>" + data + "</data></macro></macros>");
+    const ReadResult result = read(document, numberType());
+    QCOMPARE(result.error, QString());
+    QVERIFY(write(result.profiles.front(), numberType()).contains("<data>" + data + "</data>"));
+}
+
+void ProfileDocumentTest::unknownElementsAndAttributesAreKept()
+{
+    const QByteArray macro =
+        "<macro uid=\"{2}\" namespace=\"n\" later:x=\"1\"><later>1 &lt; 2</later></macro>";
+    const QByteArray own = "<later:y b=\"2\" a=\"1\"><![CDATA[<raw>]]><!-- note --></later:y>";
+    const QByteArray document = write(read(wrapped("<macros>" + macro + "</macros>" + own)).profiles.front());
+    QVERIFY(document.contains("later:x=\"1\""));
+    QVERIFY(document.contains("<later>1 &lt; 2</later>"));
+    QVERIFY(document.contains(own));
+}
+
+void ProfileDocumentTest::severalProfilesShareADocument()
+{
+    RandomProfiles random(1);
+    const std::vector<Profile> profiles {random.profile(), random.profile(), random.profile()};
+    const ReadResult result = read(ProfileDocument::write(profiles, {}));
+    QVERIFY(result.profiles == profiles);
+}
+
+void ProfileDocumentTest::loneProfileIsRead()
+{
+    const ReadResult result = read("<profile uid=\"{1}\" name=\"P\"/>");
+    QCOMPARE(result.profiles.size(), std::size_t(1));
+    QCOMPARE(result.profiles.front().name(), QStringLiteral("P"));
+}
+
+void ProfileDocumentTest::elementOfAnotherDocumentIsRead()
+{
+    QDomDocument database;
+    QVERIFY(database.setContent(QByteArray(
+        "<profiles><profile name=\"Game\"><signature key=\"k\" name=\"n\"/></profile></profiles>")));
+    const QDomElement element = database.documentElement().firstChildElement();
+    const ReadResult result = ProfileDocument::readElement(element, {});
+    QCOMPARE(result.profiles.front().name(), QStringLiteral("Game"));
+    QCOMPARE(result.profiles.front().properties["signatures"][0]["key"].toString(), QStringLiteral("k"));
+    QVERIFY(ProfileDocument::readElement(QDomElement(), {}).profiles.empty());
+}
+
+void ProfileDocumentTest::badDocumentIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("blank") << QByteArray("  \n ");
+    QTest::newRow("no XML") << QByteArray("MZ\x90\0\x03 binary", 12);
+    QTest::newRow("another kind of XML") << QByteArray("<html><body/></html>");
+    QTest::newRow("no version") << QByteArray("<profiles><profile uid=\"{1}\"/></profiles>");
+    QTest::newRow("version that is no number") << QByteArray("<profiles version=\"x\"/>");
+    QTest::newRow("something beside profiles") << QByteArray("<profiles version=\"1\"><other/></profiles>");
+    QTest::newRow("text behind the root") << QByteArray("<profiles version=\"1\"/>more");
+    QTest::newRow("wrong nesting") << wrapped("<macros></profile></macros>");
+    QTest::newRow("JSON that is none") << wrapped("<property name=\"x\">{</property>");
+    QTest::newRow("entity bomb")
+        << QByteArray("<!DOCTYPE b [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
+                      "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d "
+                      "\"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\">]>")
+            + wrapped("<description>&d;&d;&d;&d;&d;</description>");
+    QTest::newRow("entity from outside")
+        << QByteArray("<!DOCTYPE b [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>")
+            + wrapped("<description>&a;</description>");
+    QTest::newRow("nested too deeply")
+        << wrapped(QByteArray("<x>").repeated(5000) + QByteArray("</x>").repeated(5000));
+}
+
+void ProfileDocumentTest::badDocumentIsRefused()
+{
+    QFETCH(QByteArray, document);
+    const ReadResult result = read(document);
+    QVERIFY(result.profiles.empty());
+    QVERIFY(!result.error.isEmpty());
+    QVERIFY(!result.isNewer);
+}
+
+void ProfileDocumentTest::documentOfANewerVersionIsToldApart()
+{
+    const ReadResult result = read("<profiles version=\"2\"><profile uid=\"{1}\"/></profiles>");
+    QVERIFY(result.isNewer);
+    QVERIFY(result.profiles.empty());
+    QVERIFY(!result.error.isEmpty());
+}
+
+void ProfileDocumentTest::documentCutOffAnywhereIsRefused()
+{
+    const QByteArray document = write(RandomProfiles(7).profile()).trimmed();
+    for (int length = 0; length < document.size(); ++length) {
+        const ReadResult result = read(document.left(length));
+        QVERIFY2(result.profiles.empty() && !result.error.isEmpty(), qPrintable(QString::number(length)));
+    }
+}
+
+void ProfileDocumentTest::oversizedDocumentIsRefused()
+{
+    const QByteArray document =
+        wrapped("<description>" + QByteArray(int(ProfileDocument::MaxSize), 'x') + "</description>");
+    const ReadResult result = read(document);
+    QVERIFY(result.profiles.empty());
+    QVERIFY(result.error.contains(QStringLiteral("MB")));
+}
+
+VELTRANO_TEST_MAIN(ProfileDocumentTest)
+#include "ProfileDocumentTest.moc"
