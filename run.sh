@@ -13,6 +13,7 @@ fi
 
 pictures="$project_dir/build/release/pictures"
 say "There is no display: showing the window on a virtual one."
-"$project_dir/tools/with-display" "$application" --open-view --screenshots "$pictures"
+"$project_dir/tools/with-display" "$application" \
+    --device Veltrano.Gaming.LeftHandedController.K13 --open-view --screenshots "$pictures"
 say "Its pictures are in $pictures:"
 ls "$pictures" >&2

@@ -45,6 +45,7 @@ public:
     virtual bool canAddMacro() = 0;
 
 Q_SIGNALS:
-    /// The form has changed so that the command's name should be this; also sent when only canAddMacro() has changed.
+    /// The form has changed so that the command's name should be this; also sent when only canAddMacro() has
+    /// changed.
     void nameChanged(const QString& macroName);
 };

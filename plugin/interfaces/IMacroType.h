@@ -24,7 +24,8 @@ public:
     /// with one `control_type` each.
     virtual cJsonValue info() = 0;
 
-    /// A new page that edits the `data` of the command record; null for a new command. The caller owns the page.
+    /// A new page that edits the `data` of the command record; the record is null for a new command. The
+    /// caller owns the page.
     virtual IMacroEditor* editor(cJsonValue macroData) = 0;
 
     /// The `data` that the element describes; null if it does not describe one.
