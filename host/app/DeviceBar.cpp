@@ -65,12 +65,16 @@ void DeviceBar::setDevices(const QList<QSharedPointer<HostDevice>>& devices)
 
 void DeviceBar::setActiveDevice(const QString& model)
 {
+    auto* const focused = qobject_cast<DeviceButton*>(window()->focusWidget());
     for (DeviceButton* button : qAsConst(m_deviceButtons)) {
         if (button->model() != model)
             continue;
         const QSignalBlocker blocker(button);
         button->setChecked(true);
         m_area->ensureWidgetVisible(button, 0, 0);
+        // The focus among the devices is on the marked one, as the arrow keys go on from there.
+        if (focused && focused != button)
+            button->setFocus();
     }
 }
 

@@ -23,7 +23,7 @@ public:
     explicit DeviceBar(QWidget* parent = nullptr);
 
     void setDevices(const QList<QSharedPointer<HostDevice>>& devices);
-    /// Marks the device; the others are unmarked.
+    /// Marks the device; the others are unmarked. A device that has the focus gives it to the marked one.
     void setActiveDevice(const QString& model);
     /// Gives the marked device the focus.
     void focusActiveDevice();

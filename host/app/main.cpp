@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QStringList>
 
 #include <cstdio>
 
@@ -17,32 +16,38 @@ QFont applicationFont()
     return font;
 }
 
+/// Reads the command line without a display, which --help and --version don't need.
+CommandLine readCommandLine(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    return CommandLine(QCoreApplication::arguments());
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    // Qt takes options of its own out of the command line, --plugin among them; all of them are ours here.
-    int programNameOnly = 1;
-    QApplication application(programNameOnly, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Veltrano Gaming"));
     QCoreApplication::setOrganizationName(QStringLiteral("Veltrano"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELTRANO_VERSION));
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+
+    const CommandLine commandLine = readCommandLine(argc, argv);
+    if (commandLine.request != CommandLine::Request::Run) {
+        const bool isRefused = commandLine.request == CommandLine::Request::Refuse;
+        std::fputs(qUtf8Printable(commandLine.output), isRefused ? stderr : stdout);
+        return isRefused ? 2 : 0;
+    }
+
+    // Qt would take options of its own out of the command line, --plugin among them; all of them are ours.
+    int programNameOnly = 1;
+    QApplication application(programNameOnly, argv);
     // The window's closing ends the application, after what it has to say to the plug-ins.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(applicationFont());
     // The style sheet builds on the one style that looks the same everywhere.
     QApplication::setStyle(QStringLiteral("Fusion"));
 
-    const CommandLine commandLine(arguments);
-    if (commandLine.request != CommandLine::Request::Run) {
-        const bool isRefused = commandLine.request == CommandLine::Request::Refuse;
-        std::fputs(qUtf8Printable(commandLine.output), isRefused ? stderr : stdout);
-        return isRefused ? 2 : 0;
-    }
     HostApplication host(ApplicationPaths::ofExecutable(), commandLine);
     host.start();
     return QApplication::exec();

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void devicesHaveNameAndIcon();
     void clickChoosesADevice();
     void markingChoosesNothing();
+    void focusFollowsTheMark();
     void arrowKeysChooseTheNeighbour();
     void tabReachesDevicesAndViews();
     void viewButtonAsksAndKeepsItsMark();
@@ -114,6 +115,17 @@ void DeviceBarTest::markingChoosesNothing()
     QCOMPARE(chosen.size(), 0);
     QVERIFY(m_bar->deviceButtons().at(1)->isChecked());
     QVERIFY(!m_bar->deviceButtons().at(2)->isChecked());
+}
+
+void DeviceBarTest::focusFollowsTheMark()
+{
+    m_bar->setActiveDevice("Test.Alpha");
+    m_bar->focusActiveDevice();
+    m_bar->setActiveDevice("Test.Gamma");
+    QCOMPARE(m_bar->focusWidget(), m_bar->deviceButtons().at(2));
+    m_bar->viewButtons().constFirst()->setFocus();
+    m_bar->setActiveDevice("Test.Beta");
+    QCOMPARE(m_bar->focusWidget(), m_bar->viewButtons().constFirst());
 }
 
 void DeviceBarTest::arrowKeysChooseTheNeighbour()

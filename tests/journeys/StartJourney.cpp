@@ -4,6 +4,8 @@
 #include <TestCase.h>
 
 #include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
 
 #include <tuple>
 #include <utility>
@@ -51,6 +53,7 @@ class StartJourney : public TestCase
 private Q_SLOTS:
     void deviceIsChosenAndItsViewOpenedClosedAndReopened();
     void brokenPluginIsToldInTheWindow();
+    void versionAndHelpNeedNoDisplay();
     void menuMessagesAndHelpOpenByKeyboard();
 };
 
@@ -126,6 +129,24 @@ void StartJourney::brokenPluginIsToldInTheWindow()
     journey.key("ctrl+q");
     QVERIFY(journey.waitForEnd());
     QCOMPARE(journey.exitCode(), 0);
+}
+
+void StartJourney::versionAndHelpNeedNoDisplay()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    for (const auto& [option, text] :
+        {std::pair("--version", "Veltrano Gaming "), std::pair("--help", "--screenshots")}) {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(JOURNEY_APPLICATION), {QLatin1String(option)});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QVERIFY(process.readAllStandardOutput().contains(text));
+        QCOMPARE(process.readAllStandardError(), QByteArray());
+    }
 }
 
 void StartJourney::menuMessagesAndHelpOpenByKeyboard()
