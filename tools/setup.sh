@@ -6,8 +6,8 @@ project_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libqt5svg5-dev nlohmann-json3-dev)
 # Fonts for the window, icons out of Windows executables, and a display where the machine has none.
 run_packages=(fonts-liberation icoutils xvfb xauth openbox)
-# binutils reads the symbol table of the plug-in, librsvg2-bin compares pictures with their sources.
-test_packages=(xdotool x11-utils binutils librsvg2-bin)
+# binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources.
+test_packages=(xdotool x11-utils binutils python3 librsvg2-bin)
 lint_packages=(clang-format clang-tidy git)
 
 say() { printf '%s\n' "$*" >&2; }
