@@ -97,6 +97,10 @@ public:
         if (found == m_book.m_profiles.end())
             return;
         const QString id = (*found)->uid();
+        for (const Role role : {Role::Current, Role::Default, Role::Persistent}) {
+            if (m_book.withRole(role) == id)
+                (*this)(SetRole {role, QString()});
+        }
         done(id, InsertProfile {std::move(**found), int(found - m_book.m_profiles.begin())});
         m_book.m_byId.remove(id.toUpper());
         m_book.m_profiles.erase(found);
