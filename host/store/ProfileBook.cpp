@@ -1,16 +1,14 @@
 #include "ProfileBook.h"
 
+#include "ProfileIds.h"
+
 #include <algorithm>
 #include <utility>
 
 using namespace ProfileChanges;
+using ProfileIds::isSame;
 
 namespace {
-
-bool isSame(const QString& a, const QString& b)
-{
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
 
 QString uidOf(const cJsonValue& macro)
 {
@@ -98,7 +96,7 @@ public:
             return;
         const QString id = (*found)->uid();
         for (const Role role : {Role::Current, Role::Default, Role::Persistent}) {
-            if (m_book.withRole(role) == id)
+            if (isSame(m_book.withRole(role), id))
                 (*this)(SetRole {role, QString()});
         }
         done(id, InsertProfile {std::move(**found), int(found - m_book.m_profiles.begin())});
@@ -110,11 +108,15 @@ public:
     void operator()(const SetProperties& change)
     {
         Profile* profile = m_book.findMutable(change.profileId);
-        if (!profile || profile->properties == change.properties
-            || !isSame(profile->uid(), change.properties["uid"].toString()))
+        if (!profile || !isSame(profile->uid(), change.properties["uid"].toString()))
+            return;
+        cJsonValue properties = change.properties;
+        // Roles and listeners know the id in its first spelling.
+        properties["uid"] = profile->uid();
+        if (profile->properties == properties)
             return;
         done(profile->uid(), SetProperties {profile->uid(), profile->properties});
-        profile->properties = change.properties;
+        profile->properties = properties;
         propertyChanged(*profile);
     }
 
@@ -149,11 +151,16 @@ public:
         if (!profile)
             return;
         const auto found = findIn(profile->macros, uidOf(change.macro));
-        if (found == profile->macros.end() || *found == change.macro)
+        if (found == profile->macros.end())
+            return;
+        cJsonValue macro = change.macro;
+        // Assignments know the id in its first spelling.
+        macro["uid"] = uidOf(*found);
+        if (*found == macro)
             return;
         done(profile->uid(), ReplaceMacro {profile->uid(), *found});
-        *found = change.macro;
-        m_outcome.events.push_back(ProfileEvents::MacroChanged {profile->uid(), change.macro});
+        *found = macro;
+        m_outcome.events.push_back(ProfileEvents::MacroChanged {profile->uid(), macro});
     }
 
     void operator()(const SetAssignment& change)
