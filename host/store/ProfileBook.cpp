@@ -76,12 +76,13 @@ public:
         , m_outcome(outcome)
     { }
 
-    void operator()(const InsertProfile& change)
+    /// Takes the profile out of the change.
+    void operator()(InsertProfile& change)
     {
         const QString id = change.profile.uid();
         if (id.isEmpty() || m_book.find(id))
             return;
-        auto profile = std::make_unique<Profile>(change.profile);
+        auto profile = std::make_unique<Profile>(std::move(change.profile));
         m_book.m_byId[id.toUpper()] = profile.get();
         m_book.m_profiles.insert(place(m_book.m_profiles, change.index), std::move(profile));
         done(id, RemoveProfile {id});
@@ -264,14 +265,14 @@ private:
     Outcome& m_outcome;
 };
 
-ProfileBook::Outcome ProfileBook::apply(const ProfileStep& step)
+ProfileBook::Outcome ProfileBook::apply(ProfileStep step)
 {
     Outcome outcome;
     outcome.inverse.text = step.text;
-    for (const ProfileChange& change : step.changes)
+    for (ProfileChange& change : step.changes)
         std::visit(Editor(*this, outcome), change);
     std::reverse(outcome.inverse.changes.begin(), outcome.inverse.changes.end());
-    outcome.events = arranged(outcome.events);
+    outcome.events = arranged(std::move(outcome.events));
     return outcome;
 }
 

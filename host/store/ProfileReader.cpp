@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 using namespace DocumentNames;
 
@@ -46,7 +47,7 @@ public:
             if (is(Root))
                 readRoot();
             else if (is(ProfileElement))
-                m_result.profiles.push_back(readProfile());
+                readProfile(m_result.profiles.emplace_back());
             else
                 m_xml.raiseError(translated("it holds no profiles"));
         }
@@ -59,7 +60,7 @@ public:
                 ? m_xml.errorString()
                 : translated("line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString());
         }
-        return m_result;
+        return std::move(m_result);
     }
 
 private:
@@ -117,15 +118,14 @@ private:
         }
         while (nextChild()) {
             if (is(ProfileElement))
-                m_result.profiles.push_back(readProfile());
+                readProfile(m_result.profiles.emplace_back());
             else
                 m_xml.raiseError(translated("it holds something else than profiles"));
         }
     }
 
-    Profile readProfile()
+    void readProfile(Profile& profile)
     {
-        Profile profile;
         for (const QXmlStreamAttribute& each : m_xml.attributes()) {
             const QString name = each.qualifiedName().toString();
             const QString value = each.value().toString();
@@ -138,7 +138,6 @@ private:
         }
         while (nextChild())
             readProfileChild(profile);
-        return profile;
     }
 
     void readProfileChild(Profile& profile)
@@ -208,12 +207,11 @@ private:
     void readMacros(Profile& profile)
     {
         while (nextChild())
-            profile.macros.push_back(readMacro());
+            readMacro(profile.macros.emplace_back());
     }
 
-    cJsonValue readMacro()
+    void readMacro(cJsonValue& macro)
     {
-        cJsonValue macro;
         for (const char* name : MacroTexts) {
             if (m_xml.attributes().hasAttribute(QLatin1String(name)))
                 macro[name] = attribute(name);
@@ -235,7 +233,6 @@ private:
                 keepElement(macro);
             }
         }
-        return macro;
     }
 
     /// The payload. What its type does not understand, or has no type here, is kept as text.

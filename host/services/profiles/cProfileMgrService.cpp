@@ -106,9 +106,9 @@ void cProfileMgrService::storeRoles()
     m_surroundings.settings->setPropertyString(PersistentKey, m_book.withRole(Role::Persistent));
 }
 
-bool cProfileMgrService::perform(const QString& text, const Changes& changes)
+bool cProfileMgrService::perform(const QString& text, Changes changes)
 {
-    const ProfileBook::Outcome outcome = m_book.apply({text, changes});
+    const ProfileBook::Outcome outcome = m_book.apply({text, std::move(changes)});
     for (const QString& profileId : outcome.touched)
         m_store.markChanged(profileId);
     if (outcome.rolesChanged)

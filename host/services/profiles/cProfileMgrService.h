@@ -185,7 +185,7 @@ private:
     using Changes = std::vector<ProfileChange>;
 
     /// The one place where profiles change. False if nothing did.
-    bool perform(const QString& text, const Changes& changes);
+    bool perform(const QString& text, Changes changes);
     void publishWaiting();
     static void publish(const ProfileEvent& event);
     void storeRoles();
