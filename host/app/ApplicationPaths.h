@@ -17,6 +17,8 @@ public:
     QString devicesFolder() const { return shareFolder + QStringLiteral("/devices"); }
     /// The folder of the game database.
     QString profilerFolder() const { return shareFolder + QStringLiteral("/Resources/profiler"); }
+    /// The document of the profile that new users begin with.
+    QString defaultProfileFile() const { return profilerFolder() + QStringLiteral("/DefaultProfile.xml"); }
     QString styleSheetFile() const { return shareFolder + QStringLiteral("/Resources/style/veltrano.qss"); }
 
     /// Makes the search paths "MainApp" and "Profiler" known.

@@ -8,12 +8,20 @@
 #include <cECMAScriptMgrService.h>
 #include <cFeatureViewMgrService.h>
 #include <cHelpMgrService.h>
+#include <cLCDMonService.h>
+#include <cLuaScriptService.h>
+#include <cMacroTypeMgrService.h>
 #include <cMainAppService.h>
 #include <cMainUIService.h>
+#include <cProfileMgrService.h>
+#include <cProfilerService.h>
+#include <cProfilesToGoService.h>
 #include <cSettingsService.h>
+#include <EventNames.h>
 #include <FeatureViewController.h>
 #include <HostDevice.h>
 #include <IServiceMgr.h>
+#include <MacroTypes.h>
 
 #include <QCoreApplication>
 
@@ -42,6 +50,10 @@ HostApplication::~HostApplication()
     // While all services are still there: plug-ins withdraw their views and call services as they stop.
     m_plugins.reset();
     m_help->unloadHelp();
+    IServiceMgr::instance()->unsubscribe(EventSources::MainApp, m_profiles.get());
+    // The window that would tell of a failure is on its way out.
+    if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly())
+        qCritical("Some profiles could not be saved");
     m_settings->flush();
     for (QObject* service : services())
         IServiceMgr::instance()->unregisterService(service);
@@ -64,14 +76,35 @@ void HostApplication::createServices()
     m_mainApp->setStyleSheetFile(m_paths.styleSheetFile());
     m_help = std::make_unique<cHelpMgrService>();
     m_scripts = std::make_unique<cECMAScriptMgrService>();
-    for (QObject* service : services())
-        IServiceMgr::instance()->registerService(service);
+    createProfileServices();
+    // The profiles are offered once they are read.
+    for (QObject* service : services()) {
+        if (service != m_profiles.get())
+            IServiceMgr::instance()->registerService(service);
+    }
+}
+
+void HostApplication::createProfileServices()
+{
+    m_macroTypes = std::make_unique<cMacroTypeMgrService>();
+    m_profiler = std::make_unique<cProfilerService>();
+    m_profilesToGo = std::make_unique<cProfilesToGoService>(*m_devices, *m_mainUI);
+    m_displays = std::make_unique<cLCDMonService>();
+    m_luaScripts = std::make_unique<cLuaScriptService>(*m_mainUI);
+    m_profiles = std::make_unique<cProfileMgrService>(m_commandLine.dataFolder + QStringLiteral("/profiles"),
+        m_paths.defaultProfileFile(),
+        cProfileMgrService::Surroundings {
+            m_settings.get(), m_macroTypes.get(), m_devices.get(), m_mainUI.get()});
+    // Who holds the profiles holds all of the user's data.
+    if (m_profiles->isReadOnly())
+        m_settings->setReadOnly();
 }
 
 QList<QObject*> HostApplication::services() const
 {
     return {m_settings.get(), m_devices.get(), m_featureViews.get(), m_mainUI.get(), m_mainApp.get(),
-        m_help.get(), m_scripts.get()};
+        m_help.get(), m_scripts.get(), m_macroTypes.get(), m_profiler.get(), m_profilesToGo.get(),
+        m_displays.get(), m_luaScripts.get(), m_profiles.get()};
 }
 
 void HostApplication::createWindow()
@@ -87,6 +120,7 @@ void HostApplication::createWindow()
     connect(m_settings.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_devices.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_mainApp.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_profiles.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
 }
@@ -96,6 +130,7 @@ void HostApplication::start()
     m_mainApp->loadStyleSheet();
     m_settings->load();
     m_devices->load(m_paths.devicesFolder());
+    startProfiles();
     m_window->reloadDevices();
     showLastDevice();
     connect(m_window.get(), SIGNAL(deviceChanged(QString)), this, SLOT(onDeviceChanged(QString)));
@@ -115,6 +150,16 @@ void HostApplication::start()
     } else if (m_commandLine.openView) {
         m_window->openFirstView();
     }
+}
+
+void HostApplication::startProfiles()
+{
+    // Documents are read by the types of their commands.
+    if (!MacroTypes::registerAll(*m_macroTypes))
+        qCritical("Not all command types could be registered");
+    m_profiles->load();
+    IServiceMgr::instance()->registerService(m_profiles.get());
+    IServiceMgr::instance()->subscribe(EventSources::MainApp, m_profiles.get(), Events::HandlerPrefix);
 }
 
 void HostApplication::showLastDevice()

@@ -11,8 +11,14 @@ class cDevMgrService;
 class cECMAScriptMgrService;
 class cFeatureViewMgrService;
 class cHelpMgrService;
+class cLCDMonService;
+class cLuaScriptService;
+class cMacroTypeMgrService;
 class cMainAppService;
 class cMainUIService;
+class cProfileMgrService;
+class cProfilerService;
+class cProfilesToGoService;
 class cSettingsService;
 class FeatureViewController;
 class MainWindow;
@@ -27,7 +33,7 @@ class HostApplication : public QObject
 
 public:
     HostApplication(const ApplicationPaths& paths, const CommandLine& commandLine);
-    /// Stops the plug-ins, saves the settings, then withdraws the services.
+    /// Stops the plug-ins, saves profiles and settings, then withdraws the services.
     ~HostApplication() override;
 
     /// Loads devices and plug-ins and shows the window.
@@ -35,6 +41,7 @@ public:
 
     MainWindow& window() { return *m_window; }
     cSettingsService& settings() { return *m_settings; }
+    cProfileMgrService& profiles() { return *m_profiles; }
     FeatureViewController& controller() { return *m_controller; }
     PluginLoader& plugins() { return *m_plugins; }
 
@@ -44,7 +51,9 @@ private Q_SLOTS:
 
 private:
     void createServices();
+    void createProfileServices();
     void createWindow();
+    void startProfiles();
     void showLastDevice();
     QList<QObject*> services() const;
 
@@ -59,6 +68,12 @@ private:
     std::unique_ptr<cMainAppService> m_mainApp;
     std::unique_ptr<cHelpMgrService> m_help;
     std::unique_ptr<cECMAScriptMgrService> m_scripts;
+    std::unique_ptr<cMacroTypeMgrService> m_macroTypes;
+    std::unique_ptr<cProfilerService> m_profiler;
+    std::unique_ptr<cProfilesToGoService> m_profilesToGo;
+    std::unique_ptr<cLCDMonService> m_displays;
+    std::unique_ptr<cLuaScriptService> m_luaScripts;
+    std::unique_ptr<cProfileMgrService> m_profiles;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<PluginLoader> m_plugins;
     std::unique_ptr<ScreenshotRun> m_screenshots;

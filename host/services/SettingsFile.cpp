@@ -33,7 +33,7 @@ cJsonValue SettingsFile::read(QString& problem)
     if (reason.isEmpty())
         return settings;
 
-    const QString kept = setAside();
+    const QString kept = m_isReadOnly ? QString() : setAside();
     m_isBlocked = kept.isEmpty();
     qWarning("Settings in %s are not used (%s); the file %s", qUtf8Printable(m_path), qUtf8Printable(reason),
         m_isBlocked ? "could not be set aside and is left alone"
@@ -89,6 +89,8 @@ QString SettingsFile::setAside() const
 
 bool SettingsFile::write(const cJsonValue& settings, QString& problem)
 {
+    if (m_isReadOnly)
+        return true;
     const auto fail = [&](const QString& reason) {
         problem = tr("The settings can't be saved: %1").arg(reason);
         return false;

@@ -20,11 +20,15 @@ public:
 
     QString path() const { return m_path; }
 
+    /// From now on the file is neither written nor set aside: another process keeps it.
+    void setReadOnly() { m_isReadOnly = true; }
+
     /// The settings, an object. It is empty if there is no file or if the file can't be used; in the latter
     /// case the file was set aside, one warning was written, and `problem` tells the user.
     cJsonValue read(QString& problem);
 
-    /// Replaces the file as a whole. On failure the file is as it was and `problem` tells the user why.
+    /// Replaces the file as a whole. On failure the file is as it was and `problem` tells the user why. A
+    /// file that is read-only stays as it is, which is no failure.
     bool write(const cJsonValue& settings, QString& problem);
 
 private:
@@ -36,4 +40,5 @@ private:
     QString m_path;
     /// True while there is a file that could be neither read nor renamed.
     bool m_isBlocked = false;
+    bool m_isReadOnly = false;
 };

@@ -25,6 +25,9 @@ public:
     explicit cSettingsService(const QString& filePath, QObject* parent = nullptr);
     ~cSettingsService() override;
 
+    /// From now on changes stay in memory: another process keeps the file.
+    void setReadOnly() { m_file.setReadOnly(); }
+
     /// Reads the file. Before that, all settings are missing.
     void load();
     /// Writes what has changed since the last write; false if it could not be written.

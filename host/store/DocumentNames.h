@@ -23,9 +23,11 @@ inline constexpr char Macros[] = "macros";
 inline constexpr char Macro[] = "macro";
 inline constexpr const char* MacroTexts[] = {"uid", "name", "display_name", "namespace"};
 inline constexpr char Hidden[] = "hidden";
+inline constexpr const char* MacroAttributes[] = {"uid", "name", "display_name", "namespace", Hidden};
 inline constexpr char Repeat[] = "repeat";
 inline constexpr char RepeatMode[] = "mode";
 inline constexpr char RepeatDelay[] = "delay";
+inline constexpr const char* RepeatKeys[] = {RepeatMode, RepeatDelay};
 inline constexpr char Data[] = "data";
 inline constexpr char DataFormat[] = "format";
 inline constexpr char DataFormatJson[] = "json";
@@ -39,6 +41,7 @@ inline constexpr char Assignment[] = "assignment";
 inline constexpr char MacroUid[] = "macrouid";
 inline constexpr char ContextId[] = "contextid";
 inline constexpr char ShiftState[] = "shiftstate";
+inline constexpr const char* AssignmentKeys[] = {MacroUid, ContextId, ShiftState};
 
 inline constexpr char Pointer[] = "pointer";
 inline constexpr char Model[] = "model";
@@ -53,7 +56,7 @@ inline constexpr char Dpi[] = "dpi";
 inline constexpr char Property[] = "property";
 inline constexpr char PropertyName[] = "name";
 
-/// Keys of command records that hold what this version does not know.
+/// Keys of records that hold what this version does not know.
 inline constexpr char ExtensionElements[] = "extension_elements";
 inline constexpr char ExtensionAttributes[] = "extension_attributes";
 

@@ -33,9 +33,9 @@ struct ControlKey
 /// What a profile holds, as a value.
 ///
 /// Records are kept as callers gave them; keys that this version does not know stay in them. What a document
-/// held that this version does not know stands in the `extensions` members and, inside command records, under
-/// the keys "extension_elements" (array of texts, one XML element each) and "extension_attributes" (object of
-/// texts).
+/// held that this version does not know stands in the members that end in "Extensions" or begin with
+/// "extension" and, inside records of commands, repeats and signatures, under the keys "extension_elements"
+/// (array of texts, one XML element each) and "extension_attributes" (object of texts).
 struct Profile
 {
     /// The profile record without `macros` and `assignments`: `uid`, `name`, `description`, `target`,
@@ -52,6 +52,9 @@ struct Profile
     std::map<ControlKey, QString> backup;
     /// PNG of the icon that the user chose, empty without one.
     QByteArray icon;
+    /// What a document says about an assignment beyond its known attributes: the assignment's `macrouid`,
+    /// without which it would speak of another one, "extension_attributes" and "extension_elements".
+    std::map<ControlKey, cJsonValue> assignmentExtensions;
     /// By device model.
     std::map<QString, cPointerProperties> pointers;
     /// Elements of the document below the profile that this version does not know, as XML text, in their

@@ -1,16 +1,14 @@
 #include "ProfileBook.h"
 
+#include "ProfileIds.h"
+
 #include <algorithm>
 #include <utility>
 
 using namespace ProfileChanges;
+using ProfileIds::isSame;
 
 namespace {
-
-bool isSame(const QString& a, const QString& b)
-{
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
 
 QString uidOf(const cJsonValue& macro)
 {
@@ -78,12 +76,13 @@ public:
         , m_outcome(outcome)
     { }
 
-    void operator()(const InsertProfile& change)
+    /// Takes the profile out of the change.
+    void operator()(InsertProfile& change)
     {
         const QString id = change.profile.uid();
         if (id.isEmpty() || m_book.find(id))
             return;
-        auto profile = std::make_unique<Profile>(change.profile);
+        auto profile = std::make_unique<Profile>(std::move(change.profile));
         m_book.m_byId[id.toUpper()] = profile.get();
         m_book.m_profiles.insert(place(m_book.m_profiles, change.index), std::move(profile));
         done(id, RemoveProfile {id});
@@ -97,6 +96,10 @@ public:
         if (found == m_book.m_profiles.end())
             return;
         const QString id = (*found)->uid();
+        for (const Role role : {Role::Current, Role::Default, Role::Persistent}) {
+            if (isSame(m_book.withRole(role), id))
+                (*this)(SetRole {role, QString()});
+        }
         done(id, InsertProfile {std::move(**found), int(found - m_book.m_profiles.begin())});
         m_book.m_byId.remove(id.toUpper());
         m_book.m_profiles.erase(found);
@@ -106,11 +109,15 @@ public:
     void operator()(const SetProperties& change)
     {
         Profile* profile = m_book.findMutable(change.profileId);
-        if (!profile || profile->properties == change.properties
-            || !isSame(profile->uid(), change.properties["uid"].toString()))
+        if (!profile || !isSame(profile->uid(), change.properties["uid"].toString()))
+            return;
+        cJsonValue properties = change.properties;
+        // Roles and listeners know the id in its first spelling.
+        properties["uid"] = profile->uid();
+        if (profile->properties == properties)
             return;
         done(profile->uid(), SetProperties {profile->uid(), profile->properties});
-        profile->properties = change.properties;
+        profile->properties = properties;
         propertyChanged(*profile);
     }
 
@@ -145,11 +152,16 @@ public:
         if (!profile)
             return;
         const auto found = findIn(profile->macros, uidOf(change.macro));
-        if (found == profile->macros.end() || *found == change.macro)
+        if (found == profile->macros.end())
+            return;
+        cJsonValue macro = change.macro;
+        // Assignments know the id in its first spelling.
+        macro["uid"] = uidOf(*found);
+        if (*found == macro)
             return;
         done(profile->uid(), ReplaceMacro {profile->uid(), *found});
-        *found = change.macro;
-        m_outcome.events.push_back(ProfileEvents::MacroChanged {profile->uid(), change.macro});
+        *found = macro;
+        m_outcome.events.push_back(ProfileEvents::MacroChanged {profile->uid(), macro});
     }
 
     void operator()(const SetAssignment& change)
@@ -253,14 +265,14 @@ private:
     Outcome& m_outcome;
 };
 
-ProfileBook::Outcome ProfileBook::apply(const ProfileStep& step)
+ProfileBook::Outcome ProfileBook::apply(ProfileStep step)
 {
     Outcome outcome;
     outcome.inverse.text = step.text;
-    for (const ProfileChange& change : step.changes)
+    for (ProfileChange& change : step.changes)
         std::visit(Editor(*this, outcome), change);
     std::reverse(outcome.inverse.changes.begin(), outcome.inverse.changes.end());
-    outcome.events = arranged(outcome.events);
+    outcome.events = arranged(std::move(outcome.events));
     return outcome;
 }
 

@@ -41,7 +41,7 @@ public:
 
     /// Carries out the changes in their order. A change that names something that is not there, that would
     /// insert an id a second time, or that changes nothing, is passed over.
-    Outcome apply(const ProfileStep& step);
+    Outcome apply(ProfileStep step);
 
     /// Ids of all profiles in their order.
     QStringList ids() const;

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <utility>
 
 using namespace DocumentNames;
 
@@ -45,7 +47,7 @@ public:
             if (is(Root))
                 readRoot();
             else if (is(ProfileElement))
-                m_result.profiles.push_back(readProfile());
+                readProfile(m_result.profiles.emplace_back());
             else
                 m_xml.raiseError(translated("it holds no profiles"));
         }
@@ -58,7 +60,7 @@ public:
                 ? m_xml.errorString()
                 : translated("line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString());
         }
-        return m_result;
+        return std::move(m_result);
     }
 
 private:
@@ -82,8 +84,22 @@ private:
     int number(const char* name) const { return attribute(name).toInt(); }
     bool flag(const char* name) const { return attribute(name) == QLatin1String(True); }
 
-    /// The text of the element that the reader stands on.
-    QString text() { return m_xml.readElementText(QXmlStreamReader::IncludeChildElements); }
+    /// The text of the element that the reader stands on, its children's included. Qt's own way to read it
+    /// calls itself for each child and so ends the process when they nest deeply enough.
+    QString text()
+    {
+        QString text;
+        for (int depth = 1; depth > 0 && !m_xml.atEnd();) {
+            const QXmlStreamReader::TokenType token = m_xml.readNext();
+            if (token == QXmlStreamReader::Characters)
+                text += m_xml.text();
+            else if (token == QXmlStreamReader::StartElement)
+                ++depth;
+            else if (token == QXmlStreamReader::EndElement)
+                --depth;
+        }
+        return text;
+    }
 
     QString fragment() { return XmlFragment::takeText(m_xml, ProfileDocument::MaxDepth); }
 
@@ -102,15 +118,14 @@ private:
         }
         while (nextChild()) {
             if (is(ProfileElement))
-                m_result.profiles.push_back(readProfile());
+                readProfile(m_result.profiles.emplace_back());
             else
                 m_xml.raiseError(translated("it holds something else than profiles"));
         }
     }
 
-    Profile readProfile()
+    void readProfile(Profile& profile)
     {
-        Profile profile;
         for (const QXmlStreamAttribute& each : m_xml.attributes()) {
             const QString name = each.qualifiedName().toString();
             const QString value = each.value().toString();
@@ -123,7 +138,6 @@ private:
         }
         while (nextChild())
             readProfileChild(profile);
-        return profile;
     }
 
     void readProfileChild(Profile& profile)
@@ -138,9 +152,9 @@ private:
         else if (is(Macros))
             readMacros(profile);
         else if (is(Assignments))
-            profile.categories.insert(readAssignments(profile.assignments));
+            profile.categories.insert(readAssignments(profile, profile.assignments));
         else if (is(Backup))
-            readAssignments(profile.backup);
+            readAssignments(profile, profile.backup);
         else if (is(Pointer))
             readPointer(profile);
         else if (is(Property))
@@ -160,48 +174,65 @@ private:
             m_xml.raiseError(error);
     }
 
+    /// Keeps the attributes of the element that the reader stands on, apart from the known ones.
+    template<typename Names>
+    void keepAttributes(const Names& known, cJsonValue& record)
+    {
+        for (const QXmlStreamAttribute& each : m_xml.attributes()) {
+            const QString name = each.qualifiedName().toString();
+            if (!isOneOf(name, known))
+                record[ExtensionAttributes][name] = each.value().toString();
+        }
+    }
+
+    void keepElement(cJsonValue& record) { record[ExtensionElements].append(fragment()); }
+
+    /// What an element that should have no children holds.
+    void keepElements(cJsonValue& record)
+    {
+        while (nextChild())
+            keepElement(record);
+    }
+
     void readSignature(cJsonValue& signatures)
     {
         cJsonValue signature;
         for (const char* key : SignatureKeys)
             signature[key] = attribute(key);
+        keepAttributes(SignatureKeys, signature);
+        keepElements(signature);
         signatures.append(signature);
-        m_xml.skipCurrentElement();
     }
 
     void readMacros(Profile& profile)
     {
         while (nextChild())
-            profile.macros.push_back(readMacro());
+            readMacro(profile.macros.emplace_back());
     }
 
-    cJsonValue readMacro()
+    void readMacro(cJsonValue& macro)
     {
-        cJsonValue macro;
-        macro[Hidden] = false;
-        for (const QXmlStreamAttribute& each : m_xml.attributes()) {
-            const QString name = each.qualifiedName().toString();
-            if (isOneOf(name, MacroTexts))
-                macro[name] = each.value().toString();
-            else if (name == QLatin1String(Hidden))
-                macro[Hidden] = each.value() == QLatin1String(True);
-            else
-                macro[ExtensionAttributes][name] = each.value().toString();
+        for (const char* name : MacroTexts) {
+            if (m_xml.attributes().hasAttribute(QLatin1String(name)))
+                macro[name] = attribute(name);
         }
+        macro[Hidden] = flag(Hidden);
+        keepAttributes(MacroAttributes, macro);
         while (nextChild()) {
             if (is(Repeat)) {
-                macro[Repeat][RepeatMode] = attribute(RepeatMode);
-                macro[Repeat][RepeatDelay] = number(RepeatDelay);
-                m_xml.skipCurrentElement();
+                cJsonValue& repeat = macro[Repeat];
+                repeat[RepeatMode] = attribute(RepeatMode);
+                repeat[RepeatDelay] = number(RepeatDelay);
+                keepAttributes(RepeatKeys, repeat);
+                keepElements(repeat);
             } else if (is(Data)) {
-                macro[Data] = readData(macro["namespace"].toString());
+                macro[Data] = readData(qAsConst(macro)["namespace"].toString());
             } else if (is(Property)) {
                 readProperty(macro);
             } else {
-                macro[ExtensionElements].append(fragment());
+                keepElement(macro);
             }
         }
-        return macro;
     }
 
     /// The payload. What its type does not understand, or has no type here, is kept as text.
@@ -234,16 +265,42 @@ private:
         return data;
     }
 
-    /// Returns the category.
-    QString readAssignments(std::map<ControlKey, QString>& entries)
+    /// Returns the category. `entries` are those of the profile that the element holds.
+    QString readAssignments(Profile& profile, std::map<ControlKey, QString>& entries)
     {
+        const QString holder = m_xml.name().toString();
         const QString category = attribute(Category);
         while (nextChild()) {
-            const MKey::MKey_t mode = ModeNames::fromText(attribute(ShiftState));
-            entries[{category, mode, attribute(ContextId)}] = attribute(MacroUid);
-            m_xml.skipCurrentElement();
+            const std::optional<MKey::MKey_t> mode = ModeNames::parse(attribute(ShiftState));
+            if (!is(Assignment) || !mode) {
+                profile.extensionElements.append(holding(holder, category, fragment()));
+                continue;
+            }
+            const ControlKey control {category, *mode, attribute(ContextId)};
+            const QString macroUid = attribute(MacroUid);
+            entries[control] = macroUid;
+            cJsonValue extension;
+            keepAttributes(AssignmentKeys, extension);
+            keepElements(extension);
+            if (&entries == &profile.assignments && !extension.isNull()) {
+                extension[MacroUid] = macroUid;
+                profile.assignmentExtensions[control] = extension;
+            }
         }
         return category;
+    }
+
+    /// An element like the one around the fragment, which holds the fragment alone. Behind the known elements
+    /// it is read like this again.
+    static QString holding(const QString& name, const QString& category, const QString& fragment)
+    {
+        QString text;
+        QXmlStreamWriter writer(&text);
+        writer.writeStartElement(name);
+        writer.writeAttribute(QLatin1String(Category), category);
+        XmlFragment::writeText(writer, fragment);
+        writer.writeEndElement();
+        return text;
     }
 
     void readPointer(Profile& profile)

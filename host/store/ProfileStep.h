@@ -19,6 +19,7 @@ struct InsertProfile
     int index = -1;
 };
 
+/// The roles that the profile still has are left to none.
 struct RemoveProfile
 {
     QString profileId;

@@ -48,34 +48,55 @@ void ProfileStore::openFolder()
 
 std::vector<Profile> ProfileStore::readAll()
 {
-    if (m_isReadOnly) {
-        Q_EMIT problem(m_lock.error() == QLockFile::LockFailedError
-                ? tr("Another process of this application uses your profiles. Changes that you make here are "
-                     "not saved.")
-                : tr("The folder %1 can't be written to. Changes that you make are not saved.")
-                      .arg(QDir::toNativeSeparators(m_folder)));
-    }
+    if (m_isReadOnly)
+        Q_EMIT problem(readOnlyText());
     std::vector<Profile> profiles;
     const QDir folder(m_folder);
     const QStringList names =
         folder.entryList({QLatin1Char('*') + DocumentEnding}, QDir::Files | QDir::Hidden, QDir::Name);
     for (const QString& name : names) {
         const QString path = folder.filePath(name);
-        const QString reason = readDocument(path, profiles);
-        if (!reason.isEmpty())
+        bool isUnread = false;
+        const QString reason = readDocument(path, profiles, &isUnread);
+        if (isUnread)
+            Q_EMIT problem(unusable(path, reason) + QLatin1Char(' ') + tr("It stays where it is."));
+        else if (!reason.isEmpty())
             setAside(path, reason);
     }
     return profiles;
 }
 
-QString ProfileStore::readDocument(const QString& path, std::vector<Profile>& profiles)
+QString ProfileStore::readOnlyText() const
+{
+    if (m_lock.error() == QLockFile::LockFailedError)
+        return tr(
+            "Another process of this application uses your profiles. Changes that you make here are not "
+            "saved.");
+    return tr("The folder %1 can't be written to. Changes that you make are not saved.")
+        .arg(QDir::toNativeSeparators(m_folder));
+}
+
+QString ProfileStore::unusable(const QString& path, const QString& reason)
+{
+    return tr("The profile document %1 can't be used: %2.").arg(QFileInfo(path).fileName(), reason);
+}
+
+QString ProfileStore::readDocument(const QString& path, std::vector<Profile>& profiles, bool* isUnread)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        *isUnread = true;
         return file.errorString();
+    }
     if (file.size() > ProfileDocument::MaxSize)
         return tr("it is larger than %1 MB").arg(ProfileDocument::MaxSize / 1024 / 1024);
-    ProfileDocument::ReadResult result = ProfileDocument::read(file.readAll(), m_types);
+    const QByteArray document = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        // What a bad moment of the disk left out is no damage of the document.
+        *isUnread = true;
+        return file.errorString();
+    }
+    ProfileDocument::ReadResult result = ProfileDocument::read(document, m_types);
     if (!result.error.isEmpty())
         return result.error;
     if (result.profiles.size() != 1)
@@ -92,8 +113,7 @@ QString ProfileStore::readDocument(const QString& path, std::vector<Profile>& pr
 
 void ProfileStore::setAside(const QString& path, const QString& reason)
 {
-    const QString name = QFileInfo(path).fileName();
-    const QString text = tr("The profile document %1 can't be used: %2.").arg(name, reason);
+    const QString text = unusable(path, reason);
     if (m_isReadOnly) {
         Q_EMIT problem(text);
         return;
@@ -128,6 +148,8 @@ void ProfileStore::markChanged(const QString& profileId)
 
 bool ProfileStore::writeNow()
 {
+    if (m_isReadOnly && hasUnwritten())
+        reportFailure(readOnlyText());
     bool allWritten = true;
     const QSet<QString> ids = m_changed;
     for (const QString& id : ids)
@@ -148,7 +170,7 @@ bool ProfileStore::writeNow(const QString& profileId)
     if (m_changed.isEmpty()) {
         m_writeTimer.stop();
         m_retryDelay = FirstRetryDelay;
-        m_failureReported = false;
+        m_reported.clear();
     }
     return true;
 }
@@ -172,6 +194,13 @@ bool ProfileStore::writeOne(const QString& profileId)
         reportFailure(tr("The profile %1 is too large to be saved: it may have %2 MB.")
                           .arg(profile->name())
                           .arg(ProfileDocument::MaxSize / 1024 / 1024));
+        return false;
+    }
+    // A document that could not be read again would cost all that the old one holds.
+    const QString unreadable = ProfileDocument::read(document, m_types).error;
+    if (!unreadable.isEmpty()) {
+        reportFailure(
+            tr("The profile %1 holds something that can't be saved: %2.").arg(profile->name(), unreadable));
         return false;
     }
     QSaveFile file(documentPath(profileId));
@@ -207,8 +236,10 @@ QString ProfileStore::documentPath(const QString& profileId)
 
 void ProfileStore::reportFailure(const QString& text)
 {
-    if (!std::exchange(m_failureReported, true))
-        Q_EMIT problem(text);
+    if (m_reported.contains(text))
+        return;
+    m_reported.insert(text);
+    Q_EMIT problem(text);
 }
 
 void ProfileStore::scheduleRetry()

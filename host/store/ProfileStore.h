@@ -60,7 +60,7 @@ public:
     static QString fileName(const QString& profileId);
 
 Q_SIGNALS:
-    /// Something that the user has to know, in words.
+    /// Something that the user has to know, in words. The same failure is told once until all is written.
     void problem(const QString& text);
 
 private Q_SLOTS:
@@ -68,8 +68,11 @@ private Q_SLOTS:
 
 private:
     void openFolder();
-    /// Returns the reason if the document can't be used.
-    QString readDocument(const QString& path, std::vector<Profile>& profiles);
+    /// Returns the reason if the document can't be used; `isUnread` is then true if the file itself could not
+    /// be read.
+    QString readDocument(const QString& path, std::vector<Profile>& profiles, bool* isUnread);
+    QString readOnlyText() const;
+    static QString unusable(const QString& path, const QString& reason);
     void setAside(const QString& path, const QString& reason);
     bool writeOne(const QString& profileId);
     bool removeOne(const QString& path);
@@ -89,6 +92,6 @@ private:
     QSet<QString> m_changed;
     QTimer m_writeTimer;
     int m_retryDelay = FirstRetryDelay;
-    /// True while the last failure has been reported and nothing was written since.
-    bool m_failureReported = false;
+    /// The failures that were reported since all was written.
+    QSet<QString> m_reported;
 };

@@ -8,6 +8,9 @@
 #include <QSet>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace DocumentNames;
 
 namespace {
@@ -60,7 +63,7 @@ private:
 
     void attribute(const char* name, const QString& value)
     {
-        m_xml.writeAttribute(QLatin1String(name), value);
+        m_xml.writeAttribute(QLatin1String(name), XmlFragment::representable(value));
     }
 
     void attributeUnlessEmpty(const char* name, const QString& value)
@@ -80,8 +83,17 @@ private:
         if (text.isEmpty())
             return;
         start(name);
-        m_xml.writeCharacters(text);
+        XmlFragment::writeCharacters(m_xml, text);
         endEmpty();
+    }
+
+    void json(const cJsonValue& value)
+    {
+        QString text = QString::fromUtf8(HVS::toJsonText(value));
+        // The characters that JSON may hold and XML may not.
+        for (const QChar each : {QChar(0xFFFE), QChar(0xFFFF)})
+            text.replace(each, QStringLiteral("\\u%1").arg(each.unicode(), 4, 16));
+        XmlFragment::writeCharacters(m_xml, text);
     }
 
     void fragment(const QString& text)
@@ -90,7 +102,7 @@ private:
         XmlFragment::writeText(m_xml, text);
     }
 
-    /// The keys of a record that have no place of their own.
+    /// The keys of a record that have no place of their own, or whose value does not fit in it.
     void writeProperties(const cJsonValue& record, const QSet<QString>& placed)
     {
         for (const QString& key : HVS::jsonKeys(record)) {
@@ -98,22 +110,67 @@ private:
                 continue;
             start(Property);
             attribute(PropertyName, key);
-            m_xml.writeCharacters(QString::fromUtf8(HVS::toJsonText(record[key.toUtf8().constData()])));
+            json(record[key.toUtf8().constData()]);
             endEmpty();
         }
     }
 
+    /// The text under the key; empty, and noted as not placed, if the value is no text or XML can't hold it.
+    static QString placedText(const cJsonValue& record, const char* key, QSet<QString>& placed)
+    {
+        const cJsonValue& value = record[key];
+        const QString text = value.toString();
+        if (value.isNull() || (value == cJsonValue(text) && XmlFragment::isRepresentable(text)))
+            return text;
+        placed.remove(QLatin1String(key));
+        return QString();
+    }
+
+    /// Kept attributes of a record. Records also come from callers, who may have put anything under the key.
+    template<typename Names>
+    void writeExtensionAttributes(const cJsonValue& record, const Names& known)
+    {
+        const cJsonValue& attributes = record[ExtensionAttributes];
+        for (const QString& name : HVS::jsonKeys(attributes)) {
+            const bool isKnown = std::any_of(std::begin(known), std::end(known),
+                [&](const char* each) { return name == QLatin1String(each); });
+            if (!isKnown && XmlFragment::isName(name))
+                m_xml.writeAttribute(
+                    name, XmlFragment::representable(attributes[name.toUtf8().constData()].toString()));
+        }
+    }
+
+    /// Kept elements of a record; as above. Returns true if there are any.
+    bool writeExtensionElements(const cJsonValue& record)
+    {
+        const cJsonValue& elements = record[ExtensionElements];
+        bool isAny = false;
+        for (unsigned i = 0; i < elements.size(); ++i) {
+            const QString text = elements[int(i)].toString();
+            if (!text.isEmpty() && XmlFragment::isElements(text, ProfileDocument::MaxDepth)) {
+                fragment(text);
+                isAny = true;
+            }
+        }
+        return isAny;
+    }
+
+    /// Ends an element that has nothing but what is kept of a record.
+    void endWithExtensions(const cJsonValue& record) { writeExtensionElements(record) ? end() : endEmpty(); }
+
     void writeProfile(const Profile& profile)
     {
         start(ProfileElement);
+        QSet<QString> placed {"uid", "name", "deviceid", "migration", "uselcd", "lock", "description",
+            "target", "script", Signatures, Macros, Assignments};
         for (const char* name : ProfileTexts)
-            attributeUnlessEmpty(name, profile.properties[name].toString());
+            attributeUnlessEmpty(name, placedText(profile.properties, name, placed));
         for (const char* name : ProfileFlags)
             flagIfSet(name, profile.properties[name].toBool());
         for (const auto& [name, value] : profile.extensionAttributes)
             m_xml.writeAttribute(name, value);
         for (const char* name : ProfileElements)
-            textElement(name, profile.properties[name].toString());
+            textElement(name, placedText(profile.properties, name, placed));
         textElement(Icon, QString::fromLatin1(profile.icon.toBase64()));
         writeSignatures(profile.properties[Signatures]);
         writeMacros(profile.macros);
@@ -121,8 +178,6 @@ private:
         writeBackup(profile);
         for (const auto& [model, pointer] : profile.pointers)
             writePointer(model, pointer);
-        static const QSet<QString> placed {"uid", "name", "deviceid", "migration", "uselcd", "lock",
-            "description", "target", "script", Signatures, Macros, Assignments};
         writeProperties(profile.properties, placed);
         for (const QString& element : profile.extensionElements)
             fragment(element);
@@ -135,7 +190,8 @@ private:
             start(Signature);
             for (const char* key : SignatureKeys)
                 attribute(key, signatures[int(i)][key].toString());
-            endEmpty();
+            writeExtensionAttributes(signatures[int(i)], SignatureKeys);
+            endWithExtensions(signatures[int(i)]);
         }
     }
 
@@ -152,26 +208,26 @@ private:
     void writeMacro(const cJsonValue& macro)
     {
         start(Macro);
-        for (const char* name : MacroTexts)
-            attribute(name, macro[name].toString());
+        QSet<QString> placed {"uid", "name", "display_name", "namespace", Hidden, Repeat, Data,
+            ExtensionElements, ExtensionAttributes};
+        for (const char* name : MacroTexts) {
+            const QString text = placedText(macro, name, placed);
+            if (macro.contains(name))
+                attribute(name, text);
+        }
         flagIfSet(Hidden, macro[Hidden].toBool());
-        const cJsonValue& attributes = macro[ExtensionAttributes];
-        for (const QString& name : HVS::jsonKeys(attributes))
-            m_xml.writeAttribute(name, attributes[name.toUtf8().constData()].toString());
+        writeExtensionAttributes(macro, MacroAttributes);
         if (macro.contains(Repeat)) {
             const cJsonValue& repeat = macro[Repeat];
             start(Repeat);
             attribute(RepeatMode, repeat[RepeatMode].toString());
             attribute(RepeatDelay, QString::number(repeat[RepeatDelay].toInt()));
-            endEmpty();
+            writeExtensionAttributes(repeat, RepeatKeys);
+            endWithExtensions(repeat);
         }
         writeData(macro);
-        static const QSet<QString> placed {"uid", "name", "display_name", "namespace", Hidden, Repeat, Data,
-            ExtensionElements, ExtensionAttributes};
         writeProperties(macro, placed);
-        const cJsonValue& elements = macro[ExtensionElements];
-        for (unsigned i = 0; i < elements.size(); ++i)
-            fragment(elements[int(i)].toString());
+        writeExtensionElements(macro);
         end();
     }
 
@@ -181,40 +237,62 @@ private:
         if (data.isNull())
             return;
         start(Data);
-        if (data.contains(RawData)) {
+        if (isRaw(data)) {
             XmlFragment::writeText(m_xml, data[RawData].toString());
             return endEmpty();
         }
         const cMacroTypePtr type = m_types ? m_types(macro["namespace"].toString()) : cMacroTypePtr();
         const QDomElement element = type ? type->JsonToXml(m_dom, macro) : QDomElement();
-        if (!element.isNull()) {
+        // What the type's element can't say is not lost: a caller may give data of any shape.
+        if (!element.isNull() && type->XmlToJson(element) == data) {
             XmlFragment::writeElement(m_xml, element);
         } else {
             attribute(DataFormat, QLatin1String(DataFormatJson));
-            m_xml.writeCharacters(QString::fromUtf8(HVS::toJsonText(data)));
+            json(data);
         }
         endEmpty();
     }
 
-    void writeAssignment(const ControlKey& key, const QString& macroUid)
+    static bool isRaw(const cJsonValue& data)
+    {
+        const QString text = data[RawData].toString();
+        return HVS::jsonKeys(data) == QStringList(QLatin1String(RawData)) && !text.isEmpty()
+            && XmlFragment::isElements(text, ProfileDocument::MaxDepth);
+    }
+
+    void writeAssignment(const ControlKey& key, const QString& macroUid, const cJsonValue& extension)
     {
         start(Assignment);
         attribute(MacroUid, macroUid);
         attribute(ContextId, key.contextId);
         attribute(ShiftState, ModeNames::toText(key.mode));
-        endEmpty();
+        writeExtensionAttributes(extension, AssignmentKeys);
+        endWithExtensions(extension);
     }
 
-    /// The entries of one category, which stand together in the map.
-    void writeCategory(
-        const char* name, const QString& category, const std::map<ControlKey, QString>& entries)
+    /// What the document said about the assignment, as long as it is the same one.
+    static const cJsonValue& extensionOf(
+        const Profile& profile, const ControlKey& control, const QString& macroUid)
+    {
+        const auto found = profile.assignmentExtensions.find(control);
+        const bool isSame =
+            found != profile.assignmentExtensions.end() && found->second[MacroUid].toString() == macroUid;
+        return isSame ? found->second : cJsonValue::null();
+    }
+
+    /// The entries of one category, which stand together in the map. `entries` are those of the profile that
+    /// are written.
+    void writeCategory(const char* name, const QString& category, const Profile& profile,
+        const std::map<ControlKey, QString>& entries)
     {
         start(name);
         attribute(Category, category);
         bool isEmpty = true;
         for (auto entry = entries.lower_bound({category, MKey::M1, QString()});
              entry != entries.end() && entry->first.category == category; ++entry) {
-            writeAssignment(entry->first, entry->second);
+            const bool isBackup = &entries == &profile.backup;
+            writeAssignment(entry->first, entry->second,
+                isBackup ? cJsonValue::null() : extensionOf(profile, entry->first, entry->second));
             isEmpty = false;
         }
         isEmpty ? endEmpty() : end();
@@ -228,7 +306,7 @@ private:
         categories.sort();
         categories.removeDuplicates();
         for (const QString& category : qAsConst(categories))
-            writeCategory(Assignments, category, profile.assignments);
+            writeCategory(Assignments, category, profile, profile.assignments);
     }
 
     void writeBackup(const Profile& profile)
@@ -238,7 +316,7 @@ private:
             categories.append(entry.first.category);
         categories.removeDuplicates();
         for (const QString& category : qAsConst(categories))
-            writeCategory(Backup, category, profile.backup);
+            writeCategory(Backup, category, profile, profile.backup);
     }
 
     void writePointer(const QString& model, const cPointerProperties& pointer)

@@ -1,9 +1,12 @@
 #include "XmlFragment.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
+#include <cstring>
 #include <limits>
 #include <map>
 
@@ -19,6 +22,23 @@ void copyStart(const QXmlStreamReader& reader, QXmlStreamWriter& writer)
     writer.writeStartElement(reader.qualifiedName().toString());
     for (const QXmlStreamAttribute& attribute : reader.attributes())
         writer.writeAttribute(attribute.qualifiedName().toString(), attribute.value().toString());
+}
+
+/// Calls `use` with each character: its place, its length, and whether XML can hold it.
+template<typename Use>
+void forEachCharacter(const QString& text, const Use& use)
+{
+    for (int i = 0; i < text.size();) {
+        const QChar c = text[i];
+        const bool isPair = c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        const bool isHeld = isPair
+            || (!c.isSurrogate() && c.unicode() < 0xFFFE
+                && (c.unicode() >= 0x20 || c == QLatin1Char('\t') || c == QLatin1Char('\n')
+                    || c == QLatin1Char('\r')));
+        const int length = isPair ? 2 : 1;
+        use(i, length, isHeld);
+        i += length;
+    }
 }
 
 /// Copies tokens up to the end of the element that the reader stands on, or to the end of the text if it
@@ -46,7 +66,7 @@ void copyTokens(QXmlStreamReader& reader, QXmlStreamWriter& writer, int maxDepth
             if (reader.isCDATA())
                 writer.writeCDATA(reader.text().toString());
             else
-                writer.writeCharacters(reader.text().toString());
+                XmlFragment::writeCharacters(writer, reader.text().toString());
             break;
         case QXmlStreamReader::Comment:
             writer.writeComment(reader.text().toString());
@@ -98,6 +118,66 @@ QDomElement takeElement(QXmlStreamReader& reader, QDomDocument& document, int ma
     return result;
 }
 
+bool isElements(const QString& text, int maxDepth)
+{
+    QXmlStreamReader reader(QLatin1String("<r>") + text + QLatin1String("</r>"));
+    reader.setNamespaceProcessing(false);
+    reader.readNextStartElement();
+    int depth = 0;
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::StartElement && ++depth > maxDepth)
+            return false;
+        // Below 0 is the end of what holds the elements.
+        if (token == QXmlStreamReader::EndElement && --depth < 0)
+            break;
+        if (depth == 0 && token != QXmlStreamReader::EndElement && !reader.isWhitespace())
+            return false;
+    }
+    reader.readNext();
+    return !reader.hasError() && reader.isEndDocument();
+}
+
+bool isName(const QString& text)
+{
+    const auto isIn = [](QChar c, const char* more) {
+        return c.isLetter() || std::strchr(more, c.unicode() < 0x80 ? c.toLatin1() : ' ') != nullptr;
+    };
+    return !text.isEmpty() && isIn(text[0], "_:")
+        && std::all_of(text.begin(), text.end(), [&](QChar c) { return isIn(c, "_:-.0123456789"); })
+        && isRepresentable(text);
+}
+
+bool isRepresentable(const QString& text)
+{
+    bool isHeld = true;
+    forEachCharacter(text, [&](int, int, bool isEachHeld) { isHeld = isHeld && isEachHeld; });
+    return isHeld;
+}
+
+QString representable(const QString& text)
+{
+    if (isRepresentable(text))
+        return text;
+    QString held;
+    forEachCharacter(text, [&](int place, int length, bool isHeld) {
+        if (isHeld)
+            held += text.midRef(place, length);
+    });
+    return held;
+}
+
+void writeCharacters(QXmlStreamWriter& writer, const QString& text)
+{
+    // Readers turn a carriage return into a line feed unless it is written by its number.
+    const QStringList parts = representable(text).split(QLatin1Char('\r'));
+    writer.writeCharacters(parts.first());
+    for (int i = 1; i < parts.size(); ++i) {
+        writer.writeEntityReference(QStringLiteral("#13"));
+        writer.writeCharacters(parts[i]);
+    }
+}
+
 void writeText(QXmlStreamWriter& writer, const QString& text)
 {
     // The text may hold several elements, which the root makes a document.
@@ -108,7 +188,7 @@ void writeText(QXmlStreamWriter& writer, const QString& text)
         if (reader.isStartElement())
             copyTokens(reader, writer, std::numeric_limits<int>::max());
         else if (reader.isCharacters())
-            writer.writeCharacters(reader.text().toString());
+            writeCharacters(writer, reader.text().toString());
     }
 }
 
@@ -122,14 +202,14 @@ void writeElement(QXmlStreamWriter& writer, const QDomElement& element)
         attributes[attribute.name()] = attribute.value();
     }
     for (const auto& [name, value] : attributes)
-        writer.writeAttribute(name, value);
+        writer.writeAttribute(name, representable(value));
     for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
         if (child.isElement())
             writeElement(writer, child.toElement());
         else if (child.isCDATASection())
             writer.writeCDATA(child.nodeValue());
         else if (child.isText())
-            writer.writeCharacters(child.nodeValue());
+            writeCharacters(writer, child.nodeValue());
     }
     writer.writeEndElement();
 }

@@ -18,6 +18,22 @@ QString takeText(QXmlStreamReader& reader, int maxDepth);
 /// The same as a DOM element made by `document`.
 QDomElement takeElement(QXmlStreamReader& reader, QDomDocument& document, int maxDepth);
 
+/// True if the text is any number of elements that takeText() would return, and nothing else.
+bool isElements(const QString& text, int maxDepth);
+
+/// True if the text can be the name of an attribute.
+bool isName(const QString& text);
+
+/// True if XML can hold every character of the text. It can't hold most control characters, and no halves of
+/// characters.
+bool isRepresentable(const QString& text);
+
+/// The text without what XML can't hold.
+QString representable(const QString& text);
+
+/// Writes a text so that it is read back as it was, line ends included, but for what XML can't hold.
+void writeCharacters(QXmlStreamWriter& writer, const QString& text);
+
 /// Writes elements that takeText() returned.
 void writeText(QXmlStreamWriter& writer, const QString& text);
 

@@ -44,6 +44,10 @@ void HostApplicationTest::init()
     DeviceFolder::make(m_folder->filePath("share/devices"), "Beta");
     DeviceFolder::write(
         m_folder->filePath("share/Resources/style/veltrano.qss"), "QWidget { color: white; }");
+    DeviceFolder::write(m_folder->filePath("share/Resources/profiler/DefaultProfile.xml"),
+        "<profile name=\"Start\"><macros><macro uid=\"{1}\" name=\"Copy\" "
+        "namespace=\"http://www.veltrano.com/Halvorine/2010.1/Macros/Hotkeys\"><data><hotkey "
+        "function=\"Copy\"/></data></macro></macros></profile>");
     qApp->setStyleSheet(QString());
 }
 
@@ -64,7 +68,8 @@ void HostApplicationTest::servicesAreThereWhileItLives()
 {
     const QList<QLatin1String> names {ServiceNames::MainUI, ServiceNames::FeatureViewMgr,
         ServiceNames::MainApp, ServiceNames::DevMgr, ServiceNames::Settings, ServiceNames::HelpMgr,
-        ServiceNames::ECMAScriptMgr};
+        ServiceNames::ECMAScriptMgr, ServiceNames::ProfileMgr, ServiceNames::MacroTypeMgr,
+        ServiceNames::Profiler, ServiceNames::ProfilesToGo, ServiceNames::LCDMon, ServiceNames::LuaScript};
     {
         HostApplication application(paths(), commandLine());
         application.start();
@@ -111,8 +116,8 @@ void HostApplicationTest::everythingMissingStillShowsAWindow()
     HostApplication application(nothing, commandLine({"--open-view"}));
     application.start();
     QVERIFY(application.window().isVisible());
-    // Style sheet, devices, plug-ins.
-    QCOMPARE(application.window().messageStrip().messages().size(), 3);
+    // Style sheet, devices, the new user's profile, plug-ins.
+    QCOMPARE(application.window().messageStrip().messages().size(), 4);
 }
 
 void HostApplicationTest::screenshotsWithoutAViewFail()

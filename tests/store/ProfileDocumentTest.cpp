@@ -70,6 +70,14 @@ private Q_SLOTS:
     void elementsOfUnknownTypesAreKept_data();
     void elementsOfUnknownTypesAreKept();
     void unknownElementsAndAttributesAreKept();
+    void unknownPartsOfKnownElementsAreKept();
+    void extensionGoesWithItsAssignment();
+    void unknownModesAreKept();
+    void textsOfAnyCharactersComeBack_data();
+    void textsOfAnyCharactersComeBack();
+    void carriageReturnInAnElementIsKept();
+    void dataThatTheTypeCantSayIsKept();
+    void callersExtensionsNeverBreakTheDocument();
     void severalProfilesShareADocument();
     void loneProfileIsRead();
     void elementOfAnotherDocumentIsRead();
@@ -146,6 +154,121 @@ void ProfileDocumentTest::unknownElementsAndAttributesAreKept()
     QVERIFY(document.contains(own));
 }
 
+void ProfileDocumentTest::unknownPartsOfKnownElementsAreKept()
+{
+    const QByteArray parts[] = {
+        "<signature key=\"k\" value=\"\" executable=\"\" name=\"\" later=\"1\">",
+        "<repeat mode=\"toggle\" delay=\"30\" later=\"2\">",
+        "<assignment macrouid=\"{2}\" contextid=\"G1\" shiftstate=\"M1\" later=\"3\">",
+    };
+    const QByteArray document =
+        write(read(wrapped(parts[0] + "<deeper/></signature><macros><macro uid=\"{2}\">" + parts[1]
+                       + "<deeper/></repeat></macro></macros><assignments category=\"c\">" + parts[2]
+                       + "<deeper/></assignment></assignments>"))
+                  .profiles.front());
+    for (const QByteArray& part : parts)
+        QVERIFY2(document.contains(part), document.constData());
+    QCOMPARE(document.count("<deeper/>"), 3);
+    QCOMPARE(write(read(document).profiles.front()), document);
+}
+
+void ProfileDocumentTest::extensionGoesWithItsAssignment()
+{
+    Profile profile =
+        read(wrapped("<assignments category=\"c\"><assignment macrouid=\"{2}\" contextid=\"G1\" "
+                     "shiftstate=\"M1\" later=\"3\"/></assignments>"))
+            .profiles.front();
+    profile.assignments[{"c", MKey::M1, "G1"}] = QStringLiteral("{3}");
+    QVERIFY(!write(profile).contains("later"));
+}
+
+void ProfileDocumentTest::unknownModesAreKept()
+{
+    const QByteArray later = "<assignment macrouid=\"{3}\" contextid=\"G1\" shiftstate=\"M4\"/>";
+    const Profile profile = read(wrapped("<assignments category=\"c\"><assignment macrouid=\"{2}\" "
+                                         "contextid=\"G1\" shiftstate=\"M1\"/>"
+                                     + later + "</assignments>"))
+                                .profiles.front();
+    QCOMPARE(profile.assignments.size(), std::size_t(1));
+    QCOMPARE(profile.assignments.begin()->second, QStringLiteral("{2}"));
+    const QByteArray document = write(profile);
+    QCOMPARE(document.count(later), 1);
+    QCOMPARE(write(read(document).profiles.front()), document);
+}
+
+void ProfileDocumentTest::textsOfAnyCharactersComeBack_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("lines of Windows") << QStringLiteral("a\r\nb\rc");
+    QTest::newRow("control characters") << QStringLiteral("a\x01\x0c\x1f b");
+    QTest::newRow("zero") << QString("a") + QChar(0) + QLatin1Char('b');
+    QTest::newRow("no character") << QString(QChar(0xFFFE)) + QChar(0xFFFF);
+    QTest::newRow("blanks") << QStringLiteral(" \t\n x \n");
+}
+
+void ProfileDocumentTest::textsOfAnyCharactersComeBack()
+{
+    QFETCH(QString, text);
+    Profile profile;
+    for (const char* key : {"name", "description", "script", "target"})
+        profile.properties[key] = text;
+    cJsonValue macro;
+    macro["uid"] = "{2}";
+    macro["name"] = text;
+    macro["hidden"] = false;
+    macro["data"]["text"] = text;
+    profile.macros.push_back(macro);
+    const ReadResult result = read(write(profile));
+    QCOMPARE(result.error, QString());
+    QVERIFY(result.profiles.front() == profile);
+
+    // Half of a character can't be kept, and must not cost the rest.
+    profile.properties["name"] = text + QChar(0xD800) + QLatin1Char('x');
+    const ReadResult halved = read(write(profile));
+    QCOMPARE(halved.error, QString());
+    QVERIFY(halved.profiles.front().name().endsWith(QLatin1Char('x')));
+}
+
+void ProfileDocumentTest::carriageReturnInAnElementIsKept()
+{
+    const QByteArray element = "<later>a&#13;b</later>";
+    QVERIFY(write(read(wrapped(element)).profiles.front()).contains(element));
+}
+
+void ProfileDocumentTest::dataThatTheTypeCantSayIsKept()
+{
+    Profile profile;
+    cJsonValue macro;
+    macro["uid"] = "{2}";
+    macro["namespace"] = "urn:number";
+    macro["hidden"] = false;
+    macro["data"]["number"] = 7;
+    macro["data"]["more"] = "text";
+    profile.macros.push_back(macro);
+    const ReadResult result = read(write(profile, numberType()), numberType());
+    QVERIFY(result.profiles.front() == profile);
+}
+
+void ProfileDocumentTest::callersExtensionsNeverBreakTheDocument()
+{
+    Profile profile;
+    cJsonValue macro;
+    macro["uid"] = "{2}";
+    macro["extension_attributes"]["uid"] = "{3}";
+    macro["extension_attributes"]["a b=<"] = "x";
+    macro["extension_elements"].append("<a><b>");
+    macro["extension_elements"].append("</macro>");
+    macro["extension_elements"].append("<good/>");
+    macro["data"]["raw_xml"] = "<open>";
+    profile.macros.push_back(macro);
+    const ReadResult result = read(write(profile));
+    QCOMPARE(result.error, QString());
+    const cJsonValue& back = result.profiles.front().macros.front();
+    QCOMPARE(back["uid"].toString(), QStringLiteral("{2}"));
+    QCOMPARE(back["extension_elements"].size(), 1u);
+    QVERIFY(back["data"] == macro["data"]);
+}
+
 void ProfileDocumentTest::severalProfilesShareADocument()
 {
     RandomProfiles random(1);
@@ -194,6 +317,8 @@ void ProfileDocumentTest::badDocumentIsRefused_data()
     QTest::newRow("entity from outside")
         << QByteArray("<!DOCTYPE b [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>")
             + wrapped("<description>&a;</description>");
+    QTest::newRow("icon of nested elements")
+        << wrapped("<icon>" + QByteArray("<a>").repeated(2000000) + "</icon>");
     QTest::newRow("nested too deeply")
         << wrapped(QByteArray("<x>").repeated(5000) + QByteArray("</x>").repeated(5000));
 }

@@ -9,6 +9,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <utility>
 
 using namespace ProfileChanges;
@@ -32,9 +33,7 @@ cProfileMgrService::cProfileMgrService(
     : IProfileMgr(parent)
     , m_defaultDocument(defaultDocument)
     , m_surroundings(surroundings)
-    , m_store(
-          folder, [this](const QString& macroNamespace) { return macroType(macroNamespace); },
-          [this](const QString& profileId) { return m_book.find(profileId); })
+    , m_store(folder, macroTypes(), [this](const QString& profileId) { return m_book.find(profileId); })
 {
     connect(&m_store, SIGNAL(problem(QString)), this, SIGNAL(problem(QString)));
 }
@@ -43,9 +42,19 @@ cProfileMgrService::~cProfileMgrService() = default;
 
 void cProfileMgrService::load()
 {
+    std::vector<Profile> profiles = m_store.readAll();
+    const auto isBefore = [](const Profile& a, const Profile& b) {
+        if (const int order = a.name().localeAwareCompare(b.name()); order != 0)
+            return order < 0;
+        return a.uid() < b.uid();
+    };
+    std::sort(profiles.begin(), profiles.end(), isBefore);
     Changes changes;
-    for (Profile& profile : m_store.readAll())
-        changes.emplace_back(InsertProfile {std::move(profile), -1});
+    for (Profile& profile : profiles) {
+        tidyMacros(profile);
+        const bool isFirst = isDefaultConfiguration(profile.uid());
+        changes.emplace_back(InsertProfile {std::move(profile), isFirst ? 0 : -1});
+    }
     // Nobody listens yet, and what was read need not be written.
     m_book.apply({QString(), std::move(changes)});
     loadDefaultProfile();
@@ -58,14 +67,16 @@ void cProfileMgrService::loadDefaultProfile()
         return;
     Profile profile;
     QFile file(m_defaultDocument);
-    if (file.open(QIODevice::ReadOnly)) {
-        const ProfileDocument::ReadResult result = ProfileDocument::read(
-            file.readAll(), [this](const QString& macroNamespace) { return macroType(macroNamespace); });
-        if (!result.error.isEmpty())
-            Q_EMIT problem(tr("The default profile can't be read: %1.").arg(result.error));
-        if (!result.profiles.empty())
-            profile = result.profiles.front();
-    }
+    ProfileDocument::ReadResult result;
+    if (file.open(QIODevice::ReadOnly))
+        result = ProfileDocument::read(file.readAll(), macroTypes());
+    else
+        result.error = file.errorString();
+    if (!result.error.isEmpty())
+        Q_EMIT problem(tr("The profile that new users begin with can't be read: %1.").arg(result.error));
+    if (!result.profiles.empty())
+        profile = result.profiles.front();
+    tidyMacros(profile);
     profile.properties["uid"] = QString(FixedIds::DefaultProfile);
     if (profile.name().isEmpty())
         profile.properties["name"] = tr("Default Profile");
@@ -77,11 +88,14 @@ void cProfileMgrService::restoreRoles()
     const auto stored = [this](QLatin1String key) {
         return m_surroundings.settings ? m_surroundings.settings->getPropertyString(key) : QString();
     };
-    const QString byDefault = stored(DefaultKey);
+    const auto idOr = [this](const QString& id, const QString& otherwise) {
+        return profile(id) ? id : otherwise;
+    };
+    const QString byDefault = idOr(stored(DefaultKey), FixedIds::DefaultProfile);
+    const QString persistent = idOr(stored(PersistentKey), QString());
     m_book.apply({QString(),
-        {SetRole {Role::Default, profile(byDefault) ? byDefault : QString(FixedIds::DefaultProfile)},
-            SetRole {Role::Persistent, stored(PersistentKey)}}});
-    m_book.apply({QString(), {SetRole {Role::Current, chooseCurrent(QString())}}});
+        {SetRole {Role::Default, byDefault}, SetRole {Role::Persistent, persistent},
+            SetRole {Role::Current, chooseCurrent(persistent, byDefault)}}});
 }
 
 void cProfileMgrService::storeRoles()
@@ -92,9 +106,9 @@ void cProfileMgrService::storeRoles()
     m_surroundings.settings->setPropertyString(PersistentKey, m_book.withRole(Role::Persistent));
 }
 
-bool cProfileMgrService::perform(const QString& text, const Changes& changes)
+bool cProfileMgrService::perform(const QString& text, Changes changes)
 {
-    const ProfileBook::Outcome outcome = m_book.apply({text, changes});
+    const ProfileBook::Outcome outcome = m_book.apply({text, std::move(changes)});
     for (const QString& profileId : outcome.touched)
         m_store.markChanged(profileId);
     if (outcome.rolesChanged)
@@ -173,6 +187,13 @@ void cProfileMgrService::publish(const ProfileEvent& event)
         }
     };
     std::visit(Publisher(), event);
+}
+
+MacroTypeLookup cProfileMgrService::macroTypes() const
+{
+    return [this](const QString& macroNamespace) {
+        return macroType(macroNamespace);
+    };
 }
 
 cMacroTypePtr cProfileMgrService::macroType(const QString& macroNamespace) const

@@ -9,10 +9,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 class IDevMgr;
 class IMacroTypeMgr;
+class IMainUI;
 class ISettings;
 
 /// The service "Profiler.ProfileMgr" over the profile store.
@@ -23,26 +25,39 @@ class ISettings;
 /// they happened.
 ///
 /// Rules that the operations' names leave open:
-/// - The built-in default profile (FixedIds::DefaultProfile) is the default configuration:
-/// isDefaultConfiguration() is
-///   true for it alone. It can't be deleted, and its properties can't be edited.
-/// - Backup: from the moment that a profile is made, or cleanupBackup() was called, the first change of a
-/// control
-///   remembers what the control held. assignmentHasBackup() is true while the control holds something else
-///   than that, profileHasBackup() if there is such a control in the category. setDefaultAssignment() puts
-///   back what is remembered; a command that has been deleted since leaves the control empty. While
-///   enableProfileBackup() is off, changes are not remembered: they become what later changes are measured
-///   against.
-/// - A command may sit on a control if the device's manifest gives the control a type that the command's type
-/// names. A
-///   control that no manifest describes takes every known type; a command whose type is unknown goes nowhere.
-/// - Profiles go out as records with their commands and assignments from getProfileByID() and its like;
-/// profiles() leaves
-///   these two out, since callers walk the list for names and ids.
-/// - The current profile is what keys play: the persistent one if there is one, else the one whose target is
-/// the
-///   foreground application, else the default one. testProfile() and activateNextProfile() override that
-///   until the foreground changes.
+///
+/// Ids are compared without regard to case; what is stored and published has the spelling that came first.
+///
+/// Order: the built-in profile, then the others by their names as they were at the start, then those that
+/// came since.
+///
+/// The built-in default profile (FixedIds::DefaultProfile) is the default configuration:
+/// isDefaultConfiguration() is true for it alone. It can't be deleted, and its properties can't be edited;
+/// commands, assignments, icon and script can. A profile that loses its role by being deleted leaves it to
+/// the built-in one, the role of the persistent profile to none.
+///
+/// A record that is added without a uid gets one, as do commands that come in without one, or with one that
+/// the profile has already. An edited record keeps the keys of the stored one that it does not have.
+///
+/// Backup: from the moment that a profile is made, or cleanupBackup() was called, the first change of a
+/// control remembers what the control held. assignmentHasBackup() is true while the control holds something
+/// else than that, profileHasBackup() if there is such a control in the category. setDefaultAssignment() puts
+/// back what is remembered; a command that is gone counts as an empty control. While enableProfileBackup() is
+/// off, changes are not remembered: they become what later changes are measured against. moveAssignments()
+/// changes the command in what is remembered too, since it turns one command into another.
+///
+/// A command may sit on a control if the device's manifest gives the control a type that the command's type
+/// names. A control that no manifest describes takes every known type; a command whose type is unknown goes
+/// nowhere.
+///
+/// Profiles go out as records with their commands and assignments from getProfileByID() and its like;
+/// profiles() leaves these two out, since callers walk the list for names and ids.
+///
+/// The current profile is what keys play: the persistent one if there is one, else the one whose target is
+/// the foreground application, else the default one. A profile with `lock` stays current until the process
+/// that made it so ends. testProfile() and activateNextProfile() override all that until an application with
+/// a profile of its own comes to the foreground. The application itself in the foreground changes nothing, so
+/// that its user keeps seeing the profile that was played.
 class cProfileMgrService : public IProfileMgr
 {
     Q_OBJECT
@@ -55,6 +70,7 @@ public:
         ISettings* settings = nullptr;
         IMacroTypeMgr* macroTypes = nullptr;
         IDevMgr* devices = nullptr;
+        IMainUI* mainUI = nullptr;
     };
 
     /// `folder` holds the documents; `defaultDocument` is the path of the document that a fresh start begins
@@ -169,12 +185,14 @@ private:
     using Changes = std::vector<ProfileChange>;
 
     /// The one place where profiles change. False if nothing did.
-    bool perform(const QString& text, const Changes& changes);
+    bool perform(const QString& text, Changes changes);
     void publishWaiting();
     static void publish(const ProfileEvent& event);
     void storeRoles();
     void restoreRoles();
     void loadDefaultProfile();
+    /// The lookup that documents are read and written with.
+    MacroTypeLookup macroTypes() const;
 
     const Profile* profile(const QString& profileID) const { return m_book.find(profileID); }
     /// As getProfileByID() gives it; null for a null profile.
@@ -182,15 +200,24 @@ private:
     static cJsonValue shortRecordOf(const Profile& profile);
     /// The profile that a record describes.
     static Profile profileOf(const cJsonValue& record);
-    /// A name that no other local profile has: the given one, or that with a number.
-    QString freeName(const QString& name) const;
+    /// Gives an id of its own to each command that lacks one.
+    static void tidyMacros(Profile& profile);
+    /// A name that neither another local profile nor the given ones have: the name, or that with a number.
+    QString freeName(const QString& name, QSet<QString> taken = {}) const;
     /// Gives the profile a new id and adds it; empty if that did not work.
     bool addCopy(Profile profile, const QString& text);
-    QString chooseCurrent(const QString& foregroundApp) const;
+    /// Who is current for these roles: the profile of the foreground application unless there is a persistent
+    /// one, else the default one.
+    QString chooseCurrent(const QString& persistent, const QString& byDefault) const;
+    /// The profile whose target is the file; null for none.
+    const Profile* withTarget(const QString& path) const;
     bool addFixedMacro(
         const QString& profileID, const QString& uid, const QString& name, const QString& macroNamespace);
     void copyMacro(const Profile& target, const cJsonValue& macro, Changes& changes) const;
 
+    /// What the control goes back to; nothing if nothing is remembered.
+    std::optional<QString> remembered(const Profile& profile, const ControlKey& control) const;
+    bool differsFromRemembered(const Profile& profile, const ControlKey& control) const;
     /// Adds the changes that put a command, or none, on a control and remember what it held.
     void assign(
         const Profile& profile, const ControlKey& control, const QString& macroId, Changes& changes) const;
@@ -208,5 +235,10 @@ private:
     bool m_isPublishing = false;
     /// Profiles whose backup is paused.
     QSet<QString> m_pausedBackups;
+    /// The application in the foreground apart from this one.
     QString m_foregroundApp;
+    /// True while testProfile() or activateNextProfile() override the choice.
+    bool m_isChosenByHand = false;
+    /// The process that holds the current profile, which has `lock`; 0 for none.
+    quint32 m_lockingProcess = 0;
 };

@@ -1,6 +1,9 @@
 #include "cProfileMgrService.h"
 
 #include <IDevMgr.h>
+#include <ModeNames.h>
+#include <ProfileIds.h>
+#include <XmlFragment.h>
 
 #include <QDomElement>
 #include <QUuid>
@@ -8,12 +11,15 @@
 #include <algorithm>
 
 using namespace ProfileChanges;
+using ProfileIds::isSame;
 
 namespace {
 
-bool isSame(const QString& a, const QString& b)
+/// Callers by name may ask for anything; what can't be stored must not be assigned to.
+bool isControl(const ControlKey& control)
 {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
+    return !control.category.isEmpty() && !control.contextId.isEmpty() && ModeNames::isValid(control.mode)
+        && XmlFragment::isRepresentable(control.category) && XmlFragment::isRepresentable(control.contextId);
 }
 
 QString held(const Profile& profile, const ControlKey& control)
@@ -57,10 +63,11 @@ void cProfileMgrService::setAssignment(const QString& profileID, const QString& 
 {
     const Profile* found = profile(profileID);
     const cJsonValue* macro = m_book.findMacro(profileID, macroID);
-    if (!found || !macro)
+    const ControlKey control {devicemodal, mode, contextID};
+    if (!found || !macro || !isControl(control))
         return;
     Changes changes {SetCategory {found->uid(), devicemodal, true}};
-    assign(*found, {devicemodal, mode, contextID}, (*macro)["uid"].toString(), changes);
+    assign(*found, control, (*macro)["uid"].toString(), changes);
     perform(tr("Assign %1 to %2").arg((*macro)["display_name"].toString(), contextID), changes);
 }
 
@@ -68,7 +75,8 @@ void cProfileMgrService::setGenericAssignment(const QString& profileID, const QS
     const QString& type, const QString& name, bool hidden, MKey::MKey_t mode, const QString& contextID)
 {
     const Profile* found = profile(profileID);
-    if (!found)
+    const ControlKey control {devicemodal, mode, contextID};
+    if (!found || !isControl(control))
         return;
     // A control without a generic command is generic when it is empty.
     if (type.isEmpty() || name.isEmpty()) {
@@ -78,7 +86,8 @@ void cProfileMgrService::setGenericAssignment(const QString& profileID, const QS
     Changes changes {SetCategory {found->uid(), devicemodal, true}};
     cJsonValue macro = getMacroByTypeAndName(profileID, type, name, hidden);
     if (macro.isNull()) {
-        macro["uid"] = QUuid::createUuid().toString().toUpper();
+        // As QUuid gives it, unlike all other ids.
+        macro["uid"] = QUuid::createUuid().toString();
         macro["name"] = name;
         macro["display_name"] = name;
         macro["namespace"] = type;
@@ -86,7 +95,7 @@ void cProfileMgrService::setGenericAssignment(const QString& profileID, const QS
         macro["data"]["function"] = name;
         changes.emplace_back(InsertMacro {found->uid(), macro, -1});
     }
-    assign(*found, {devicemodal, mode, contextID}, macro["uid"].toString(), changes);
+    assign(*found, control, macro["uid"].toString(), changes);
     perform(tr("Assign %1 to %2").arg(name, contextID), changes);
 }
 
@@ -121,35 +130,43 @@ bool cProfileMgrService::profileHasBackup(const QString& profileID, const QStrin
     const Profile* found = profile(profileID);
     bool differs = false;
     if (found) {
-        forCategory(found->backup, deviceCategory, [&](const ControlKey& control, const QString& macroId) {
-            differs = differs || !isSame(held(*found, control), macroId);
+        forCategory(found->backup, deviceCategory, [&](const ControlKey& control, const QString&) {
+            differs = differs || differsFromRemembered(*found, control);
         });
     }
     return differs;
+}
+
+std::optional<QString> cProfileMgrService::remembered(const Profile& profile, const ControlKey& control) const
+{
+    const auto entry = profile.backup.find(control);
+    if (entry == profile.backup.end())
+        return std::nullopt;
+    return m_book.findMacro(profile.uid(), entry->second) ? entry->second : QString();
+}
+
+bool cProfileMgrService::differsFromRemembered(const Profile& profile, const ControlKey& control) const
+{
+    const std::optional<QString> before = remembered(profile, control);
+    return before && !isSame(held(profile, control), *before);
 }
 
 bool cProfileMgrService::assignmentHasBackup(
     const QString& profileID, const QString& devicemodal, MKey::MKey_t mode, const QString& contextID)
 {
     const Profile* found = profile(profileID);
-    if (!found)
-        return false;
-    const ControlKey control {devicemodal, mode, contextID};
-    const auto entry = found->backup.find(control);
-    return entry != found->backup.end() && !isSame(held(*found, control), entry->second);
+    return found && differsFromRemembered(*found, {devicemodal, mode, contextID});
 }
 
 void cProfileMgrService::setDefaultAssignment(
     const QString& profileID, const QString& devicemodal, MKey::MKey_t mode, const QString& contextID)
 {
     const Profile* found = profile(profileID);
-    if (!found || !assignmentHasBackup(profileID, devicemodal, mode, contextID))
-        return;
     const ControlKey control {devicemodal, mode, contextID};
-    const QString macroId = found->backup.at(control);
-    const bool isThere = m_book.findMacro(profileID, macroId) != nullptr;
-    perform(tr("Use Default of %1").arg(contextID),
-        {SetAssignment {found->uid(), control, isThere ? macroId : QString()}});
+    if (found && differsFromRemembered(*found, control)) {
+        perform(tr("Use Default of %1").arg(contextID),
+            {SetAssignment {found->uid(), control, *remembered(*found, control)}});
+    }
 }
 
 void cProfileMgrService::cleanupBackup(const QString& profileID, const QString& devicemodal)
@@ -179,7 +196,8 @@ bool cProfileMgrService::canMacroBeAssignedTo(const QString& macroID, const QStr
     const QString& deviceCategory, MKey::MKey_t mode, const QString& contextID)
 {
     const cJsonValue* macro = m_book.findMacro(profileID, macroID);
-    return macro && fits(*macro, {deviceCategory, mode, contextID});
+    const ControlKey control {deviceCategory, mode, contextID};
+    return macro && isControl(control) && fits(*macro, control);
 }
 
 bool cProfileMgrService::fits(const cJsonValue& macro, const ControlKey& control) const

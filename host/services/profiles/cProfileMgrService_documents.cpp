@@ -1,24 +1,25 @@
 #include "cProfileMgrService.h"
 
+#include <IMainUI.h>
 #include <ProfileDocument.h>
+#include <ProfileIds.h>
 
 #include <QDir>
 #include <QDomElement>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QUuid>
 
 using namespace ProfileChanges;
 
 bool cProfileMgrService::addProfile(
     const QDomElement& profile, const QString& displayName, const QString& signature)
 {
-    ProfileDocument::ReadResult result = ProfileDocument::readElement(
-        profile, [this](const QString& macroNamespace) { return macroType(macroNamespace); });
-    if (result.profiles.empty())
+    ProfileDocument::ReadResult result = ProfileDocument::readElement(profile, macroTypes());
+    if (result.profiles.empty() || displayName.isEmpty())
         return false;
     Profile game = std::move(result.profiles.front());
+    tidyMacros(game);
     game.properties["name"] = displayName;
     game.properties["target"] = signature;
     // The database's own id, if it has one, may be there already from an earlier scan.
@@ -36,8 +37,7 @@ void cProfileMgrService::importProfile(const QString& profilePath)
     } else if (document.size() > ProfileDocument::MaxSize) {
         reason = tr("it is larger than %1 MB").arg(ProfileDocument::MaxSize / 1024 / 1024);
     } else {
-        result = ProfileDocument::read(
-            document.readAll(), [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+        result = ProfileDocument::read(document.readAll(), macroTypes());
         reason = result.error;
         if (reason.isEmpty() && result.profiles.empty())
             reason = tr("it holds no profiles");
@@ -47,11 +47,21 @@ void cProfileMgrService::importProfile(const QString& profilePath)
         return;
     }
     Changes changes;
+    QSet<QString> ids;
+    QSet<QString> names;
     for (Profile& imported : result.profiles) {
         // What is there stays: a profile of the same id comes in beside it.
-        if (imported.uid().isEmpty() || profile(imported.uid()))
-            imported.properties["uid"] = QUuid::createUuid().toString().toUpper();
-        imported.properties["name"] = freeName(imported.name());
+        const QString id = imported.uid().toUpper();
+        if (id.isEmpty() || profile(id) || ids.contains(id))
+            imported.properties["uid"] = ProfileIds::newUid();
+        ids.insert(imported.uid().toUpper());
+        const QString name = imported.name();
+        imported.properties["name"] =
+            freeName(name.isEmpty() ? QFileInfo(profilePath).completeBaseName() : name, names);
+        names.insert(imported.name());
+        // It comes to this computer, wherever it was before.
+        imported.properties.deleteKey(QStringLiteral("deviceid"));
+        tidyMacros(imported);
         changes.emplace_back(InsertProfile {std::move(imported), -1});
     }
     perform(tr("Import %1").arg(QFileInfo(profilePath).fileName()), changes);
@@ -62,8 +72,7 @@ void cProfileMgrService::exportProfile(const QString& profileID, const QString& 
     const Profile* exported = profile(profileID);
     if (!exported)
         return;
-    const QByteArray document = ProfileDocument::write(
-        {*exported}, [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+    const QByteArray document = ProfileDocument::write({*exported}, macroTypes());
     QSaveFile file(profilePath);
     if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.commit()) {
         Q_EMIT problem(tr("%1 was not exported to %2: %3.")
@@ -73,8 +82,11 @@ void cProfileMgrService::exportProfile(const QString& profileID, const QString& 
 
 void cProfileMgrService::printProfile(const QString& profileID, const QString&, const QStringList&)
 {
-    if (const Profile* printed = profile(profileID))
-        Q_EMIT problem(tr("%1 was not printed: this version can't print profiles.").arg(printed->name()));
+    const Profile* printed = profile(profileID);
+    if (printed && m_surroundings.mainUI) {
+        m_surroundings.mainUI->info(tr("Print Profile"),
+            tr("%1 was not printed: this version can't print profiles.").arg(printed->name()));
+    }
 }
 
 bool cProfileMgrService::saveAllProfiles()
@@ -93,11 +105,11 @@ QByteArray cProfileMgrService::getProfilesToGoXML(
     std::vector<Profile> chosen;
     for (const QString& id : m_book.ids()) {
         const bool isOnDevice = !deviceId.isEmpty() && getProfileDeviceId(id) == deviceId;
-        if ((isOnDevice && (!dirtyOnly || isProfileToGoDirty(id))) || localProfileIds.contains(id))
+        if ((isOnDevice && (!dirtyOnly || isProfileToGoDirty(id)))
+            || localProfileIds.contains(id, Qt::CaseInsensitive))
             chosen.push_back(*profile(id));
     }
-    return ProfileDocument::write(
-        chosen, [this](const QString& macroNamespace) { return macroType(macroNamespace); });
+    return ProfileDocument::write(chosen, macroTypes());
 }
 
 cJsonValue cProfileMgrService::getProfilesToGo(const QString& deviceId)

@@ -1,12 +1,15 @@
 #include "cProfileMgrService.h"
 
 #include <FixedIds.h>
+#include <ProfileIds.h>
+#include <XmlFragment.h>
 
-#include <QUuid>
+#include <QSet>
 
 #include <algorithm>
 
 using namespace ProfileChanges;
+using ProfileIds::newUid;
 
 namespace {
 
@@ -37,8 +40,24 @@ bool hasFixedId(const cJsonValue& macro)
 
 } // namespace
 
+void cProfileMgrService::tidyMacros(Profile& profile)
+{
+    QSet<QString> ids;
+    for (cJsonValue& macro : profile.macros) {
+        QString id = uidOf(macro).toUpper();
+        if (id.isEmpty() || ids.contains(id)) {
+            id = newUid();
+            macro["uid"] = id;
+        }
+        ids.insert(id);
+    }
+}
+
 bool cProfileMgrService::addMacro(const QString& profileID, const cJsonValue& macro)
 {
+    // An id that no document can hold would not be the same after a restart.
+    if (!XmlFragment::isRepresentable(uidOf(macro)))
+        return false;
     return perform(tr("Add Command %1").arg(displayNameOf(macro)), {InsertMacro {profileID, macro, -1}});
 }
 
@@ -46,7 +65,7 @@ bool cProfileMgrService::copyMacros(
     const QString& fromProfileID, const QString& toProfileID, const QStringList& macroIDs)
 {
     const Profile* target = profile(toProfileID);
-    if (!target)
+    if (!target || target == profile(fromProfileID))
         return false;
     Changes changes;
     for (const QString& macroID : macroIDs) {
@@ -70,7 +89,7 @@ void cProfileMgrService::copyMacro(const Profile& target, const cJsonValue& macr
     if (isThere)
         return;
     cJsonValue copy = macro;
-    copy["uid"] = QUuid::createUuid().toString().toUpper();
+    copy["uid"] = newUid();
     changes.emplace_back(InsertMacro {target.uid(), copy, -1});
 }
 
@@ -88,7 +107,10 @@ bool cProfileMgrService::deleteMacro(const QString& profileID, const cJsonValue&
 
 bool cProfileMgrService::editMacro(const QString& profileID, const cJsonValue& macro)
 {
-    return perform(tr("Change Command %1").arg(displayNameOf(macro)), {ReplaceMacro {profileID, macro}});
+    const cJsonValue* before = m_book.findMacro(profileID, uidOf(macro));
+    if (!before)
+        return false;
+    return perform(tr("Change Command %1").arg(displayNameOf(*before)), {ReplaceMacro {profileID, macro}});
 }
 
 cJsonValue cProfileMgrService::macros(const QString& profileID)
@@ -127,9 +149,15 @@ void cProfileMgrService::moveAssignments(
     const cJsonValue* target = m_book.findMacro(profileID, toMacroID);
     if (!target)
         return;
+    const Profile& changed = *profile(profileID);
+    const QString uid = uidOf(*target);
     Changes changes;
     for (const ControlKey& control : m_book.controlsOf(profileID, fromMacroID))
-        assign(*profile(profileID), control, uidOf(*target), changes);
+        changes.emplace_back(SetAssignment {changed.uid(), control, uid});
+    for (const auto& [control, macroId] : changed.backup) {
+        if (ProfileIds::isSame(macroId, fromMacroID))
+            changes.emplace_back(SetBackup {changed.uid(), control, uid});
+    }
     perform(tr("Move Assignments to %1").arg(displayNameOf(*target)), changes);
 }
 

@@ -1,27 +1,27 @@
 #include "cProfileMgrService.h"
 
 #include <FixedIds.h>
+#include <IMacroTypeMgr.h>
 #include <JsonText.h>
 #include <ModeNames.h>
+#include <ProfileIds.h>
+#include <XmlFragment.h>
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFileInfo>
-#include <QUuid>
 
 #include <algorithm>
 
 using namespace ProfileChanges;
+using ProfileIds::isSame;
+using ProfileIds::newUid;
 
 namespace {
 
 bool isFixed(const QString& profileID)
 {
-    return profileID.compare(FixedIds::DefaultProfile, Qt::CaseInsensitive) == 0;
-}
-
-QString newUid()
-{
-    return QUuid::createUuid().toString().toUpper();
+    return isSame(profileID, FixedIds::DefaultProfile);
 }
 
 bool isLocal(const Profile& profile)
@@ -29,14 +29,16 @@ bool isLocal(const Profile& profile)
     return profile.properties["deviceid"].toString().isEmpty();
 }
 
-/// Paths of one file, also where a file system tells names apart by case and the stored path does not.
-bool isSamePath(const QString& a, const QString& b)
+/// The one path of a file that may be reached by several; the path itself where there is no file.
+QString canonical(const QString& path)
 {
-    const auto canonical = [](const QString& path) {
-        const QString existing = QFileInfo(path).canonicalFilePath();
-        return existing.isEmpty() ? path : existing;
-    };
-    return !a.isEmpty() && canonical(a) == canonical(b);
+    const QString existing = QFileInfo(path).canonicalFilePath();
+    return existing.isEmpty() ? path : existing;
+}
+
+bool isProcessRunning(quint32 processId)
+{
+    return QFileInfo::exists(QStringLiteral("/proc/%1").arg(processId));
 }
 
 } // namespace
@@ -51,6 +53,9 @@ cJsonValue cProfileMgrService::recordOf(const Profile* profile)
     if (!profile)
         return cJsonValue();
     cJsonValue record = profile->properties;
+    // A copy of the record is set up for the same categories.
+    for (const QString& category : profile->categories)
+        record["assignments"][category] = cJsonValue(cJsonValue::arrayValue);
     for (const cJsonValue& macro : profile->macros)
         record["macros"].append(macro);
     for (const auto& [control, macroId] : profile->assignments) {
@@ -70,33 +75,34 @@ Profile cProfileMgrService::profileOf(const cJsonValue& record)
     profile.properties.deleteKey(QStringLiteral("macros"));
     profile.properties.deleteKey(QStringLiteral("assignments"));
     const cJsonValue& macros = record["macros"];
-    for (unsigned i = 0; i < macros.size(); ++i)
-        profile.macros.push_back(macros[int(i)]);
+    for (unsigned i = 0; i < macros.size(); ++i) {
+        if (macros[int(i)].isObject())
+            profile.macros.push_back(macros[int(i)]);
+    }
+    tidyMacros(profile);
     const cJsonValue& categories = record["assignments"];
     for (const QString& category : HVS::jsonKeys(categories)) {
         profile.categories.insert(category);
         const cJsonValue& assignments = categories[category.toUtf8().constData()];
         for (unsigned i = 0; i < assignments.size(); ++i) {
             const cJsonValue& assignment = assignments[int(i)];
-            const ControlKey control {category, ModeNames::fromText(assignment["shiftstate"].toString()),
-                assignment["contextid"].toString()};
-            profile.assignments[control] = assignment["macrouid"].toString();
+            const std::optional<MKey::MKey_t> mode = ModeNames::parse(assignment["shiftstate"].toString());
+            const QString contextId = assignment["contextid"].toString();
+            if (mode && !contextId.isEmpty())
+                profile.assignments[{category, *mode, contextId}] = assignment["macrouid"].toString();
         }
     }
     return profile;
 }
 
-QString cProfileMgrService::freeName(const QString& name) const
+QString cProfileMgrService::freeName(const QString& name, QSet<QString> taken) const
 {
-    const QStringList ids = m_book.ids();
-    const auto isTaken = [&](const QString& candidate) {
-        return std::any_of(ids.begin(), ids.end(), [&](const QString& id) {
-            const Profile* other = profile(id);
-            return isLocal(*other) && other->name() == candidate;
-        });
-    };
+    for (const QString& id : m_book.ids()) {
+        if (isLocal(*profile(id)))
+            taken.insert(profile(id)->name());
+    }
     QString candidate = name;
-    for (int i = 2; isTaken(candidate); ++i)
+    for (int i = 2; taken.contains(candidate); ++i)
         candidate = QStringLiteral("%1 (%2)").arg(name).arg(i);
     return candidate;
 }
@@ -111,8 +117,14 @@ bool cProfileMgrService::addCopy(Profile copy, const QString& text)
 
 bool cProfileMgrService::addProfile(const cJsonValue& profile)
 {
-    return perform(
-        tr("Add Profile %1").arg(profile["name"].toString()), {InsertProfile {profileOf(profile), -1}});
+    // An id that no document can hold would not be the same after a restart.
+    if (!profile.isObject() || !XmlFragment::isRepresentable(profile["uid"].toString()))
+        return false;
+    Profile added = profileOf(profile);
+    if (added.uid().isEmpty())
+        added.properties["uid"] = newUid();
+    const QString text = tr("Add Profile %1").arg(added.name());
+    return perform(text, {InsertProfile {std::move(added), -1}});
 }
 
 bool cProfileMgrService::deleteProfileByID(const QString& profileID)
@@ -121,13 +133,21 @@ bool cProfileMgrService::deleteProfileByID(const QString& profileID)
     if (!doomed || isFixed(profileID))
         return false;
     Changes changes;
-    const auto hands = [&](Role role, const QString& next) {
-        if (m_book.withRole(role).compare(profileID, Qt::CaseInsensitive) == 0)
-            changes.emplace_back(SetRole {role, next});
+    const auto handOver = [&](Role role, const QString& next) {
+        const QString holder = m_book.withRole(role);
+        if (!isSame(holder, profileID))
+            return holder;
+        changes.emplace_back(SetRole {role, next});
+        return next;
     };
-    hands(Role::Default, FixedIds::DefaultProfile);
-    hands(Role::Persistent, QString());
-    hands(Role::Current, FixedIds::DefaultProfile);
+    const QString byDefault = handOver(Role::Default, FixedIds::DefaultProfile);
+    const QString persistent = handOver(Role::Persistent, QString());
+    handOver(Role::Current, persistent.isEmpty() ? byDefault : persistent);
+    m_pausedBackups.remove(doomed->uid().toUpper());
+    if (isSame(getActiveProfileID(), profileID)) {
+        m_isChosenByHand = false;
+        m_lockingProcess = 0;
+    }
     const QString text = tr("Delete Profile %1").arg(doomed->name());
     changes.emplace_back(RemoveProfile {doomed->uid()});
     return perform(text, changes);
@@ -167,11 +187,20 @@ cJsonValue cProfileMgrService::getProfileByName(const QString& profileID)
 
 cJsonValue cProfileMgrService::getProfileByTarget(const QString& profileTarget)
 {
+    return recordOf(withTarget(profileTarget));
+}
+
+const Profile* cProfileMgrService::withTarget(const QString& path) const
+{
+    if (path.isEmpty())
+        return nullptr;
+    const QString wanted = canonical(path);
     for (const QString& id : m_book.ids()) {
-        if (isSamePath(profile(id)->properties["target"].toString(), profileTarget))
-            return recordOf(profile(id));
+        const QString target = profile(id)->properties["target"].toString();
+        if (!target.isEmpty() && canonical(target) == wanted)
+            return profile(id);
     }
-    return cJsonValue();
+    return nullptr;
 }
 
 bool cProfileMgrService::editProfileProperty(const cJsonValue& profileproperty)
@@ -179,8 +208,12 @@ bool cProfileMgrService::editProfileProperty(const cJsonValue& profileproperty)
     const Profile* edited = profile(profileproperty["uid"].toString());
     if (!edited || isFixed(edited->uid()))
         return false;
-    return perform(tr("Change Profile %1").arg(edited->name()),
-        {SetProperties {edited->uid(), profileOf(profileproperty).properties}});
+    cJsonValue properties = edited->properties;
+    for (const QString& key : HVS::jsonKeys(profileproperty)) {
+        if (key != QLatin1String("macros") && key != QLatin1String("assignments"))
+            properties[key] = profileproperty[key.toUtf8().constData()];
+    }
+    return perform(tr("Change Profile %1").arg(edited->name()), {SetProperties {edited->uid(), properties}});
 }
 
 void cProfileMgrService::activateNextProfile()
@@ -189,6 +222,7 @@ void cProfileMgrService::activateNextProfile()
     if (ids.isEmpty())
         return;
     const int next = (ids.indexOf(getActiveProfileID()) + 1) % ids.size();
+    m_isChosenByHand = true;
     perform(QString(), {SetRole {Role::Current, ids[next]}});
 }
 
@@ -199,10 +233,12 @@ QString cProfileMgrService::getActiveProfileID()
 
 void cProfileMgrService::setPersistentProfileByID(const QString& profileID)
 {
-    if (profileID.isEmpty() || profile(profileID)) {
-        perform(QString(), {SetRole {Role::Persistent, profileID}});
-        perform(QString(), {SetRole {Role::Current, chooseCurrent(m_foregroundApp)}});
-    }
+    if (!profileID.isEmpty() && !profile(profileID))
+        return;
+    m_isChosenByHand = false;
+    perform(QString(),
+        {SetRole {Role::Persistent, profileID},
+            SetRole {Role::Current, chooseCurrent(profileID, getDefaultProfileID())}});
 }
 
 cJsonValue cProfileMgrService::getPersistentProfile()
@@ -217,10 +253,12 @@ QString cProfileMgrService::getPersistentProfileID()
 
 void cProfileMgrService::setDefaultProfileByID(const QString& profileID)
 {
-    if (profile(profileID)) {
-        perform(QString(), {SetRole {Role::Default, profileID}});
-        perform(QString(), {SetRole {Role::Current, chooseCurrent(m_foregroundApp)}});
-    }
+    if (!profile(profileID))
+        return;
+    Changes changes {SetRole {Role::Default, profileID}};
+    if (!m_isChosenByHand)
+        changes.emplace_back(SetRole {Role::Current, chooseCurrent(getPersistentProfileID(), profileID)});
+    perform(QString(), changes);
 }
 
 cJsonValue cProfileMgrService::getDefaultProfile()
@@ -254,7 +292,7 @@ QStringList cProfileMgrService::profileIDs()
 bool cProfileMgrService::setProfileScript(const QString& profileID, const QString& script)
 {
     const Profile* edited = profile(profileID);
-    if (!edited)
+    if (!edited || getProfileScript(profileID) == script)
         return false;
     cJsonValue properties = edited->properties;
     properties["script"] = script;
@@ -282,26 +320,33 @@ QString cProfileMgrService::getProfileDeviceId(const QString& profileID)
 
 void cProfileMgrService::testProfile(const QString& profileID)
 {
-    if (profile(profileID))
-        perform(QString(), {SetRole {Role::Current, profileID}});
+    if (!profile(profileID))
+        return;
+    m_isChosenByHand = true;
+    perform(QString(), {SetRole {Role::Current, profileID}});
 }
 
-void cProfileMgrService::onForegroundAppChange(const QString& appPath, quint32)
+void cProfileMgrService::onForegroundAppChange(const QString& appPath, quint32 processId)
 {
+    const bool isOwn = processId == quint32(QCoreApplication::applicationPid());
+    if (isOwn || (m_lockingProcess != 0 && isProcessRunning(m_lockingProcess)))
+        return;
     m_foregroundApp = appPath;
-    perform(QString(), {SetRole {Role::Current, chooseCurrent(appPath)}});
+    const Profile* game = withTarget(appPath);
+    m_isChosenByHand = m_isChosenByHand && !game;
+    if (m_isChosenByHand)
+        return;
+    m_lockingProcess = game && game->properties["lock"].toBool() ? processId : 0;
+    perform(
+        QString(), {SetRole {Role::Current, chooseCurrent(getPersistentProfileID(), getDefaultProfileID())}});
 }
 
-QString cProfileMgrService::chooseCurrent(const QString& foregroundApp) const
+QString cProfileMgrService::chooseCurrent(const QString& persistent, const QString& byDefault) const
 {
-    const QString persistent = m_book.withRole(Role::Persistent);
     if (!persistent.isEmpty())
         return persistent;
-    for (const QString& id : m_book.ids()) {
-        if (isSamePath(profile(id)->properties["target"].toString(), foregroundApp))
-            return id;
-    }
-    return m_book.withRole(Role::Default);
+    const Profile* game = withTarget(m_foregroundApp);
+    return game ? game->uid() : byDefault;
 }
 
 void cProfileMgrService::setProfileIcon(const QString& profileID, const QPixmap& scaledIcon)
