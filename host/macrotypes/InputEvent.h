@@ -15,15 +15,15 @@ class KeyInput
 {
 public:
     Key key;
-    bool isPressed;
+    bool isPressed = false;
 };
 
 class ButtonInput
 {
 public:
     enum class Button { Left, Right, Middle, Back, Forward };
-    Button button;
-    bool isPressed;
+    Button button = Button::Left;
+    bool isPressed = false;
 };
 
 class ScrollInput
@@ -37,14 +37,14 @@ public:
 class ResolutionInput
 {
 public:
-    int steps;
+    int steps = 0;
 };
 
 /// The pointer's shift resolution.
 class ResolutionShiftInput
 {
 public:
-    bool isPressed;
+    bool isPressed = false;
 };
 
 /// The stick's movement.
@@ -53,7 +53,7 @@ class StickInput
 public:
     enum class Use { Mouse, Joystick };
     Use use;
-    bool isPressed;
+    bool isPressed = false;
 };
 
 class TextInput

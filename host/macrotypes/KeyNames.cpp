@@ -12,8 +12,8 @@ namespace {
 class ModifierName
 {
 public:
-    Qt::KeyboardModifier modifier;
-    int code;
+    Qt::KeyboardModifier modifier = Qt::NoModifier;
+    int code = 0;
     QLatin1String name;
 };
 
@@ -56,7 +56,7 @@ QString plainName(int code)
         if (each.code == code)
             return each.name;
     }
-    const QString name = QKeySequence(code).toString(QKeySequence::PortableText);
+    QString name = QKeySequence(code).toString(QKeySequence::PortableText);
     if (!QChar::isSurrogate(uint(code)) && isShown(name) && sequenceKey(name) == code)
         return name;
     if (const char* key = keyEnum().valueToKey(code))

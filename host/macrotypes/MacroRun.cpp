@@ -8,6 +8,7 @@ namespace {
 std::vector<RunStep> withoutDelays(const std::vector<InputEvent>& events)
 {
     std::vector<RunStep> steps;
+    steps.reserve(events.size());
     for (const InputEvent& event : events)
         steps.push_back({0, event});
     return steps;

@@ -14,7 +14,7 @@ public:
     /// The version of the document that is written, and the newest that is read.
     static constexpr int Version = 1;
     /// In bytes; a larger file is neither read nor written.
-    static constexpr qint64 MaxSize = 4 * 1024 * 1024;
+    static constexpr qint64 MaxSize = qint64(4) * 1024 * 1024;
 
     explicit SettingsFile(const QString& path);
 

@@ -13,7 +13,7 @@ class IHostWindow;
 /// The events on "MainApp_Events" that are the host's own.
 namespace MainAppEvents {
 /// (int cookie): a message at the tray was clicked.
-inline constexpr QLatin1String TrayMessageClicked("TrayMessageClicked");
+inline const QLatin1String TrayMessageClicked("TrayMessageClicked");
 } // namespace MainAppEvents
 
 /// The application and its place on the desktop. Publishes "ForegroundAppChange" when another process comes
