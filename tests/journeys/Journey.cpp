@@ -19,6 +19,17 @@ constexpr int Patience = 20000;
 
 Journey::Journey(const QStringList& arguments)
 {
+    start(QStringLiteral(JOURNEY_APPLICATION),
+        QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
+}
+
+Journey::Journey(const QString& program, const QString& title)
+{
+    start(program, {}, title);
+}
+
+void Journey::start(const QString& program, const QStringList& arguments, const QString& title)
+{
     // A runtime folder as a session has it; the machine that tests may have none.
     const QString runtime = m_data.filePath(QStringLiteral("runtime"));
     QDir().mkpath(runtime);
@@ -26,17 +37,15 @@ Journey::Journey(const QStringList& arguments)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
     m_process.setProcessEnvironment(environment);
-    m_process.start(QStringLiteral(JOURNEY_APPLICATION),
-        QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments);
+    m_process.start(program, arguments);
     if (!m_process.waitForStarted())
         return;
     const QString processId = QString::number(m_process.processId());
     std::ignore = QTest::qWaitFor(
         [&] {
-            m_window =
-                xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                            processId, QStringLiteral("--name"), QStringLiteral("Veltrano")})
-                    .section(QLatin1Char('\n'), 0, 0);
+            m_window = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                   QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
+                           .section(QLatin1Char('\n'), 0, 0);
             return !m_window.isEmpty() || m_process.state() != QProcess::Running;
         },
         Patience);

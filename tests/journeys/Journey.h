@@ -14,6 +14,8 @@ class Journey
 public:
     /// Starts the application and waits for its window. Check isRunning() afterwards.
     explicit Journey(const QStringList& arguments = {});
+    /// Starts another program and waits for the window whose title holds the text.
+    Journey(const QString& program, const QString& title);
     ~Journey();
 
     bool isRunning() const { return m_process.state() == QProcess::Running && !m_window.isEmpty(); }
@@ -41,6 +43,7 @@ public:
     QString dataFile(const QString& name) const { return m_data.filePath(name); }
 
 private:
+    void start(const QString& program, const QStringList& arguments, const QString& title);
     static QString xdotool(const QStringList& arguments);
 
     QTemporaryDir m_data;
