@@ -66,7 +66,8 @@ void cGraphicsItem::setPulsate(bool on)
     m_pulseAnimation->setKeyValueAt(1.0, 1.0);
     m_pulseAnimation->setLoopCount(-1);
     // A whole pixel, so that a picture of odd size stands sharp at scale 1.
-    setTransformOriginPoint(m_normalPixmap.width() / 2, m_normalPixmap.height() / 2);
+    const QPoint origin(m_normalPixmap.width() / 2, m_normalPixmap.height() / 2);
+    setTransformOriginPoint(origin);
     m_pulsing = on;
     if (!on)
         stopPulse();

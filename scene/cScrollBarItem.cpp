@@ -142,7 +142,8 @@ void cScrollBarItem::wheelEvent(QGraphicsSceneWheelEvent* event)
 {
     // Whole notches only, as if computed in integers, but wide enough for any step. The wheel works along y
     // on a horizontal bar too, where it therefore leaves the handle in its place.
-    const qreal notches = event->delta() / WheelNotch;
+    const int wholeNotches = event->delta() / WheelNotch;
+    const qreal notches = wholeNotches;
     const int step = m_contentLength == 0
         ? 0
         : truncated(notches * m_wheelStep * (m_bounds.height() - m_handleLength) / m_contentLength);

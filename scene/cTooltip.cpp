@@ -19,6 +19,7 @@ constexpr int TextFlags = Qt::AlignLeft | Qt::TextSingleLine;
 cTooltip::cTooltip(QGraphicsItem* parent)
     : QGraphicsItem(parent)
     , m_timer(new QTimer(this))
+    // NOLINTNEXTLINE(cppcoreguidelines-slicing): the design size has done its work.
     , m_font(cScaledFont(TextFamily, TooltipDesignSize, QFont::Bold))
 {
     connect(m_timer, SIGNAL(timeout()), this, SLOT(timerOut()));

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr qint64 MaxEntrySize = 1024 * 1024;
+constexpr qint64 MaxEntrySize = qint64(1024) * 1024;
 
 using Values = QHash<QString, QString>;
 

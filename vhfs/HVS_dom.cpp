@@ -40,8 +40,7 @@ QString readBytes(const QString& path, QByteArray& bytes)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return file.errorString();
-    const QString tooLarge =
-        QStringLiteral("it is larger than %1 MiB").arg(HVS::MaxDomFileSize / (1024 * 1024));
+    QString tooLarge = QStringLiteral("it is larger than %1 MiB").arg(HVS::MaxDomFileSize / 1024 / 1024);
     if (file.size() > HVS::MaxDomFileSize)
         return tooLarge;
     // Files may grow, and some systems' files have content, but no size.

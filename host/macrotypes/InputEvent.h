@@ -52,7 +52,7 @@ class StickInput
 {
 public:
     enum class Use { Mouse, Joystick };
-    Use use;
+    Use use = Use::Mouse;
     bool isPressed = false;
 };
 

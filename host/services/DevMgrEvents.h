@@ -5,7 +5,7 @@
 /// The events on "DevMgr_Events".
 namespace DevMgrEvents {
 /// (QString uid, cJsonValue properties): these properties of the device were written.
-inline constexpr QLatin1String PropertyChanged("DevicePropertyChanged");
+inline const QLatin1String PropertyChanged("DevicePropertyChanged");
 /// (QString uid, cJsonValue blob, QByteArray data): a block of bytes was written to the device.
-inline constexpr QLatin1String BlobWritten("DeviceBlobWritten");
+inline const QLatin1String BlobWritten("DeviceBlobWritten");
 } // namespace DevMgrEvents

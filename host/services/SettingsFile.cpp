@@ -77,7 +77,7 @@ QString SettingsFile::setAside() const
         + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
     constexpr int MaxTries = 1000;
     for (int i = 0; i < MaxTries; ++i) {
-        const QString name = i == 0 ? stem : stem + QLatin1Char('-') + QString::number(i);
+        QString name = i == 0 ? stem : stem + QLatin1Char('-') + QString::number(i);
         // rename() does not replace an existing file.
         if (QFile::rename(m_path, name))
             return name;

@@ -24,7 +24,7 @@ cHelpMgrService::cHelpMgrService(QObject* parent)
 
 cHelpMgrService::~cHelpMgrService()
 {
-    unloadHelp();
+    cHelpMgrService::unloadHelp();
 }
 
 void cHelpMgrService::askProviders()

@@ -32,7 +32,7 @@ public:
     /// The file of the style sheet.
     void setStyleSheetFile(const QString& path) { m_styleSheetFile = path; }
 
-    void execute(bool launchUpdateWizard) override;
+    void execute(bool wantsUpdateWizard) override;
     void winRegisterDeviceChange(const QUuid& classGuid) override;
     Qt::HANDLE winRegisterDeviceHandleChange(Qt::HANDLE fileHandle) override;
     void winUnregisterDeviceHandleChange(Qt::HANDLE changeHandle) override;

@@ -269,7 +269,7 @@ private:
     QString readAssignments(Profile& profile, std::map<ControlKey, QString>& entries)
     {
         const QString holder = m_xml.name().toString();
-        const QString category = attribute(Category);
+        QString category = attribute(Category);
         while (nextChild()) {
             const std::optional<MKey::MKey_t> mode = ModeNames::parse(attribute(ShiftState));
             if (!is(Assignment) || !mode) {

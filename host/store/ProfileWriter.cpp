@@ -119,7 +119,7 @@ private:
     static QString placedText(const cJsonValue& record, const char* key, QSet<QString>& placed)
     {
         const cJsonValue& value = record[key];
-        const QString text = value.toString();
+        QString text = value.toString();
         if (value.isNull() || (value == cJsonValue(text) && XmlFragment::isRepresentable(text)))
             return text;
         placed.remove(QLatin1String(key));

@@ -205,7 +205,7 @@ private:
     /// A name that neither another local profile nor the given ones have: the name, or that with a number.
     QString freeName(const QString& name, QSet<QString> taken = {}) const;
     /// Gives the profile a new id and adds it; empty if that did not work.
-    bool addCopy(Profile profile, const QString& text);
+    bool addCopy(Profile copy, const QString& text);
     /// Who is current for these roles: the profile of the foreground application unless there is a persistent
     /// one, else the default one.
     QString chooseCurrent(const QString& persistent, const QString& byDefault) const;

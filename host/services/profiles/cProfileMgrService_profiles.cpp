@@ -134,7 +134,7 @@ bool cProfileMgrService::deleteProfileByID(const QString& profileID)
         return false;
     Changes changes;
     const auto handOver = [&](Role role, const QString& next) {
-        const QString holder = m_book.withRole(role);
+        QString holder = m_book.withRole(role);
         if (!isSame(holder, profileID))
             return holder;
         changes.emplace_back(SetRole {role, next});
