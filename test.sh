@@ -2,7 +2,8 @@
 # Installs what is missing, builds and runs the tests, or checks format and static analysis.
 #
 #   ./test.sh [--preset dev|release|asan|coverage] [ctest arguments]
-#   ./test.sh --lint [--all]     checks the files changed since origin/main, or all
+#   ./test.sh --lint [--all|--format]   checks the format of all sources and analyses those changed since origin/main, or
+#                                       all but the tests, or none
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/tools/setup.sh"
 

@@ -14,7 +14,7 @@ private Q_SLOTS:
 
 void GalleryJourney::galleryShowsTheWidgets()
 {
-    Journey journey(QStringLiteral(JOURNEY_GALLERY), QStringLiteral("Scene Gallery"));
+    Journey journey(QStringLiteral(JOURNEY_GALLERY), {}, QStringLiteral("Scene Gallery"));
     QVERIFY2(journey.isRunning(), qPrintable(journey.errors()));
     // The widgets are many-coloured; a window that shows none of them has the canvas's colour and a few
     // greys.

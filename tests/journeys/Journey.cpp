@@ -23,9 +23,9 @@ Journey::Journey(const QStringList& arguments)
         QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
 }
 
-Journey::Journey(const QString& program, const QString& title)
+Journey::Journey(const QString& program, const QStringList& arguments, const QString& title)
 {
-    start(program, {}, title);
+    start(program, arguments, title);
 }
 
 void Journey::start(const QString& program, const QStringList& arguments, const QString& title)

@@ -15,7 +15,7 @@ public:
     /// Starts the application and waits for its window. Check isRunning() afterwards.
     explicit Journey(const QStringList& arguments = {});
     /// Starts another program and waits for the window whose title holds the text.
-    Journey(const QString& program, const QString& title);
+    Journey(const QString& program, const QStringList& arguments, const QString& title);
     ~Journey();
 
     bool isRunning() const { return m_process.state() == QProcess::Running && !m_window.isEmpty(); }
