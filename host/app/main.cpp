@@ -1,23 +1,10 @@
+#include "ApplicationLook.h"
 #include "HostApplication.h"
 
 #include <QApplication>
-#include <QFont>
 #include <QStringList>
 
 #include <cstdio>
-
-namespace {
-
-/// The font of all widgets; the plug-ins' scene texts use the same family.
-QFont applicationFont()
-{
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(13);
-    font.setStyleHint(QFont::SansSerif);
-    return font;
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
@@ -33,9 +20,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(VELTRANO_VERSION));
     // The window's closing ends the application, after what it has to say to the plug-ins.
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setFont(applicationFont());
-    // The style sheet builds on the one style that looks the same everywhere.
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    ApplicationLook::apply();
 
     const CommandLine commandLine(arguments);
     if (commandLine.request != CommandLine::Request::Run) {
