@@ -1,20 +1,11 @@
+#include "ApplicationLook.h"
 #include "HostApplication.h"
 
 #include <QApplication>
-#include <QFont>
 
 #include <cstdio>
 
 namespace {
-
-/// The font of all widgets; the plug-ins' scene texts use the same family.
-QFont applicationFont()
-{
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(13);
-    font.setStyleHint(QFont::SansSerif);
-    return font;
-}
 
 /// Reads the command line without a display, which --help and --version don't need.
 CommandLine readCommandLine(int argc, char** argv)
@@ -44,9 +35,7 @@ int main(int argc, char** argv)
     QApplication application(programNameOnly, argv);
     // The window's closing ends the application, after what it has to say to the plug-ins.
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setFont(applicationFont());
-    // The style sheet builds on the one style that looks the same everywhere.
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    ApplicationLook::apply();
 
     HostApplication host(ApplicationPaths::ofExecutable(), commandLine);
     host.start();

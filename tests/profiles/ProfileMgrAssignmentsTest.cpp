@@ -18,6 +18,7 @@ private Q_SLOTS:
     void impossibleControlsAreIgnored_data();
     void impossibleControlsAreIgnored();
     void changeMadeWhileEventsGoOutComesBehindThem();
+    void everyListenerHearsTheSameOrder();
     void commandIsAssignedIfOneOfTheControlsHasIt();
     void categoryIsKnownFromItsFirstAssignmentOn();
     void genericCommandIsMadeOnce();
@@ -135,6 +136,20 @@ void ProfileMgrAssignmentsTest::changeMadeWhileEventsGoOutComesBehindThem()
     QCOMPARE(events().take(),
         QStringList({removed(M1), "MacroAssigned " + P + " Mouse " + M2 + " 0 G1",
             "MacroAssigned " + P + " Mouse " + M1 + " 0 G2"}));
+}
+
+void ProfileMgrAssignmentsTest::everyListenerHearsTheSameOrder()
+{
+    // It comes behind the one that makes a change of its own.
+    EventLog second;
+    events().onEvent = [&](const QString& line) {
+        if (line.contains(QLatin1String("G1")))
+            profiles().setAssignment(P, Mouse, M1, MKey::M1, "G2");
+    };
+    profiles().setAssignment(P, Mouse, M1, MKey::M1, "G1");
+    const QStringList heard = second.take();
+    QCOMPARE(heard.size(), 2);
+    QCOMPARE(heard, events().take());
 }
 
 void ProfileMgrAssignmentsTest::commandIsAssignedIfOneOfTheControlsHasIt()

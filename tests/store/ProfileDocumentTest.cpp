@@ -76,6 +76,7 @@ private Q_SLOTS:
     void textsOfAnyCharactersComeBack_data();
     void textsOfAnyCharactersComeBack();
     void carriageReturnInAnElementIsKept();
+    void elementOfImpossibleCharactersIsReadWithoutThem();
     void dataThatTheTypeCantSayIsKept();
     void callersExtensionsNeverBreakTheDocument();
     void severalProfilesShareADocument();
@@ -233,6 +234,20 @@ void ProfileDocumentTest::carriageReturnInAnElementIsKept()
 {
     const QByteArray element = "<later>a&#13;b</later>";
     QVERIFY(write(read(wrapped(element)).profiles.front()).contains(element));
+}
+
+void ProfileDocumentTest::elementOfImpossibleCharactersIsReadWithoutThem()
+{
+    QDomDocument document;
+    QDomElement profile = document.createElement("profile");
+    profile.setAttribute("name", QStringLiteral("a\x01 b"));
+    QDomElement script = document.createElement("script");
+    script.appendChild(document.createTextNode(QStringLiteral("c\x02\rd") + QChar(0xDC00)));
+    profile.appendChild(script);
+    const ReadResult result = ProfileDocument::readElement(profile, {});
+    QCOMPARE(result.error, QString());
+    QCOMPARE(result.profiles.front().name(), QStringLiteral("a b"));
+    QCOMPARE(result.profiles.front().properties["script"].toString(), QStringLiteral("c\rd"));
 }
 
 void ProfileDocumentTest::dataThatTheTypeCantSayIsKept()
