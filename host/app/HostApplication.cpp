@@ -22,8 +22,10 @@
 #include <HostDevice.h>
 #include <IServiceMgr.h>
 #include <MacroTypes.h>
+#include <OnBoardWindow.h>
 
 #include <QCoreApplication>
+#include <QKeySequence>
 
 #include <cstdio>
 
@@ -47,6 +49,7 @@ HostApplication::~HostApplication()
 {
     m_screenshots.reset();
     m_controller->closeNow();
+    IServiceMgr::instance()->unsubscribe(EventSources::ProfileMgr, m_profilesToGo.get());
     // While all services are still there: plug-ins withdraw their views and call services as they stop.
     m_plugins.reset();
     m_help->unloadHelp();
@@ -61,6 +64,7 @@ HostApplication::~HostApplication()
     m_mainApp->setWindow(nullptr);
     m_featureViews->setWindow(nullptr);
     m_help->setWindow(nullptr);
+    m_onBoardWindow.reset();
     m_window.reset();
 }
 
@@ -88,13 +92,14 @@ void HostApplication::createProfileServices()
 {
     m_macroTypes = std::make_unique<cMacroTypeMgrService>();
     m_profiler = std::make_unique<cProfilerService>();
-    m_profilesToGo = std::make_unique<cProfilesToGoService>(*m_devices, *m_mainUI);
     m_displays = std::make_unique<cLCDMonService>();
     m_luaScripts = std::make_unique<cLuaScriptService>(*m_mainUI);
     m_profiles = std::make_unique<cProfileMgrService>(m_commandLine.dataFolder + QStringLiteral("/profiles"),
         m_paths.defaultProfileFile(),
         cProfileMgrService::Surroundings {
             m_settings.get(), m_macroTypes.get(), m_devices.get(), m_mainUI.get()});
+    m_profilesToGo = std::make_unique<cProfilesToGoService>(
+        m_commandLine.dataFolder + QStringLiteral("/onboard"), *m_devices, *m_profiles);
     // Who holds the profiles holds all of the user's data.
     if (m_profiles->isReadOnly())
         m_settings->setReadOnly();
@@ -121,7 +126,9 @@ void HostApplication::createWindow()
     connect(m_devices.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_mainApp.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_profiles.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_profilesToGo.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
+    m_window->addTool(tr("&On-board Memory..."), QKeySequence(), this, SLOT(onShowOnBoardMemory()));
     connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
 }
 
@@ -160,6 +167,8 @@ void HostApplication::startProfiles()
     m_profiles->load();
     IServiceMgr::instance()->registerService(m_profiles.get());
     IServiceMgr::instance()->subscribe(EventSources::MainApp, m_profiles.get(), Events::HandlerPrefix);
+    IServiceMgr::instance()->subscribe(EventSources::ProfileMgr, m_profilesToGo.get(), Events::HandlerPrefix);
+    m_profilesToGo->start();
 }
 
 void HostApplication::showLastDevice()
@@ -173,6 +182,13 @@ void HostApplication::showLastDevice()
 void HostApplication::onDeviceChanged(const QString& model)
 {
     m_settings->setPropertyString(LastDeviceKey, model);
+}
+
+void HostApplication::onShowOnBoardMemory()
+{
+    if (!m_onBoardWindow)
+        m_onBoardWindow = std::make_unique<OnBoardWindow>(*m_profilesToGo, *m_profiles, m_window.get());
+    m_onBoardWindow->showDevice(m_window->activeDeviceId());
 }
 
 void HostApplication::onScreenshotsFinished(const QString& message)

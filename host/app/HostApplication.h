@@ -22,6 +22,7 @@ class cProfilesToGoService;
 class cSettingsService;
 class FeatureViewController;
 class MainWindow;
+class OnBoardWindow;
 class PluginLoader;
 class ScreenshotRun;
 
@@ -48,6 +49,7 @@ public:
 private Q_SLOTS:
     void onDeviceChanged(const QString& model);
     void onScreenshotsFinished(const QString& message);
+    void onShowOnBoardMemory();
 
 private:
     void createServices();
@@ -70,11 +72,12 @@ private:
     std::unique_ptr<cECMAScriptMgrService> m_scripts;
     std::unique_ptr<cMacroTypeMgrService> m_macroTypes;
     std::unique_ptr<cProfilerService> m_profiler;
-    std::unique_ptr<cProfilesToGoService> m_profilesToGo;
     std::unique_ptr<cLCDMonService> m_displays;
     std::unique_ptr<cLuaScriptService> m_luaScripts;
     std::unique_ptr<cProfileMgrService> m_profiles;
+    std::unique_ptr<cProfilesToGoService> m_profilesToGo;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<OnBoardWindow> m_onBoardWindow;
     std::unique_ptr<PluginLoader> m_plugins;
     std::unique_ptr<ScreenshotRun> m_screenshots;
 };

@@ -15,6 +15,7 @@ class FeatureViewController;
 class MessageStrip;
 class QAction;
 class QActionGroup;
+class QKeySequence;
 class QLabel;
 class QMenu;
 
@@ -58,6 +59,10 @@ public:
     QString activeDeviceId() const override;
     bool selectDevice(const QString& model) override;
     void showMessage(const QString& text) override;
+
+    /// Adds an entry below those of the views, in the order of the calls.
+    void addTool(
+        const QString& text, const QKeySequence& shortcut, const QObject* receiver, const char* slot);
 
     /// Opens the first view that suits the device; false if there is none or it can't be opened.
     bool openFirstView();
@@ -108,5 +113,6 @@ private:
     /// Stands in front of the entries of the views.
     QAction* m_viewSection = nullptr;
     QAction* m_viewSectionEnd = nullptr;
+    QAction* m_toolSectionEnd = nullptr;
     QList<QAction*> m_viewActions;
 };

@@ -23,6 +23,13 @@ Journey::Journey(const QStringList& arguments)
         QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
 }
 
+Journey::Journey(const std::function<void(const QString& dataFolder)>& prepare, const QStringList& arguments)
+{
+    prepare(m_data.path());
+    start(QStringLiteral(JOURNEY_APPLICATION),
+        QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
+}
+
 Journey::Journey(const QString& program, const QStringList& arguments, const QString& title)
 {
     start(program, arguments, title);
@@ -87,6 +94,13 @@ bool Journey::waitForWindow(const QString& title)
         Patience);
 }
 
+int Journey::countWindows(const QString& title)
+{
+    const QString found =
+        xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), title});
+    return found.split(QLatin1Char('\n'), Qt::SkipEmptyParts).size();
+}
+
 void Journey::key(const QString& chord)
 {
     xdotool({QStringLiteral("key"), chord});
@@ -112,6 +126,16 @@ bool Journey::savePicture(const QString& name) const
 {
     QDir().mkpath(QStringLiteral(JOURNEY_PICTURES));
     return picture().save(QStringLiteral(JOURNEY_PICTURES "/") + name);
+}
+
+bool Journey::showsMessage() const
+{
+    constexpr QRgb Amber = qRgb(0xe0, 0xb0, 0x5a);
+    const QImage shown = picture();
+    int edge = 0;
+    for (int y = 0; y < shown.height(); ++y)
+        edge += shown.pixel(shown.width() / 2, y) == Amber ? 1 : 0;
+    return edge > 0;
 }
 
 bool Journey::waitForEnd()

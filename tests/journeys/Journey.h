@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
+
 /// The application in a process of its own with data of its own, driven through the display by xdotool.
 /// Points are pixels of its window.
 class Journey
@@ -14,6 +16,9 @@ class Journey
 public:
     /// Starts the application and waits for its window. Check isRunning() afterwards.
     explicit Journey(const QStringList& arguments = {});
+    /// The same with a data folder that holds what the function puts there.
+    explicit Journey(
+        const std::function<void(const QString& dataFolder)>& prepare, const QStringList& arguments = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
     ~Journey();
@@ -31,8 +36,13 @@ public:
     static bool saveScreen(const QString& name);
     /// Waits for a visible window whose title holds the text.
     bool waitForWindow(const QString& title);
+    /// How many windows of any program are to be seen whose title holds the text.
+    static int countWindows(const QString& title);
     /// Writes what the window shows to the pictures of the build tree.
     bool savePicture(const QString& name) const;
+
+    /// True if the window shows a message in its strip, which has an amber edge.
+    bool showsMessage() const;
 
     /// Waits until the application has ended; false if it does not.
     bool waitForEnd();

@@ -2,6 +2,7 @@
 
 #include <IProfileMgr.h>
 #include <ProfileBook.h>
+#include <ProfileDocument.h>
 #include <ProfileStore.h>
 
 #include <QQueue>
@@ -13,6 +14,7 @@
 #include <vector>
 
 class IDevMgr;
+class IDeviceCopies;
 class IMacroTypeMgr;
 class IMainUI;
 class ISettings;
@@ -173,6 +175,18 @@ public:
 
     const ProfileBook& book() const { return m_book; }
 
+    /// A profile as getProfileByID() gives it; null for a null profile.
+    static cJsonValue recordOf(const Profile* profile);
+
+    /// Knows what devices hold, and outlives the service unless null takes its place. Without it every
+    /// profile that is bound to a device is ahead of it.
+    void setDeviceCopies(const IDeviceCopies* copies) { m_deviceCopies = copies; }
+    ProfileDocument::ReadResult readDocument(const QByteArray& document) const;
+    /// Adds a profile that was found on a device, as it is. One whose id is there already is passed over.
+    void adopt(Profile found);
+    /// Publishes a property event for each profile that is ahead of its device.
+    void announceUnwritten(const QString& deviceId);
+
 public Q_SLOTS:
     /// Event of "MainApp_Events": chooses the current profile.
     void onForegroundAppChange(const QString& appPath, quint32 processId);
@@ -195,8 +209,6 @@ private:
     MacroTypeLookup macroTypes() const;
 
     const Profile* profile(const QString& profileID) const { return m_book.find(profileID); }
-    /// As getProfileByID() gives it; null for a null profile.
-    static cJsonValue recordOf(const Profile* profile);
     static cJsonValue shortRecordOf(const Profile& profile);
     /// The profile that a record describes.
     static Profile profileOf(const cJsonValue& record);
@@ -204,6 +216,7 @@ private:
     static void tidyMacros(Profile& profile);
     /// A name that neither another local profile nor the given ones have: the name, or that with a number.
     QString freeName(const QString& name, QSet<QString> taken = {}) const;
+    static QString numberedName(const QString& name, const QSet<QString>& taken);
     /// Gives the profile a new id and adds it; empty if that did not work.
     bool addCopy(Profile copy, const QString& text);
     /// Who is current for these roles: the profile of the foreground application unless there is a persistent
@@ -229,6 +242,7 @@ private:
 
     QString m_defaultDocument;
     Surroundings m_surroundings;
+    const IDeviceCopies* m_deviceCopies = nullptr;
     ProfileBook m_book;
     ProfileStore m_store;
     QQueue<ProfileEvent> m_waiting;

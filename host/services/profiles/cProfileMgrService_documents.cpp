@@ -121,9 +121,3 @@ cJsonValue cProfileMgrService::getProfilesToGo(const QString& deviceId)
     }
     return records;
 }
-
-bool cProfileMgrService::isProfileToGoDirty(const QString& profileID)
-{
-    // Nothing has been written to a device yet, so every profile that is bound to one is ahead of it.
-    return !getProfileDeviceId(profileID).isEmpty();
-}
