@@ -11,6 +11,8 @@ public:
 
     /// Holds a folder for each plug-in.
     QString pluginsFolder;
+    /// The program that runs scripts.
+    QString scriptRunner;
     /// Holds "Resources" and "devices".
     QString shareFolder;
 

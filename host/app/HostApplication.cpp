@@ -23,6 +23,7 @@
 #include <IServiceMgr.h>
 #include <MacroTypes.h>
 #include <OnBoardWindow.h>
+#include <SettingsKeys.h>
 
 #include <QCoreApplication>
 #include <QKeySequence>
@@ -54,6 +55,8 @@ HostApplication::~HostApplication()
     m_plugins.reset();
     m_help->unloadHelp();
     IServiceMgr::instance()->unsubscribe(EventSources::MainApp, m_profiles.get());
+    // Their texts go to the profiles.
+    m_luaScripts->setWindow(nullptr);
     // The window that would tell of a failure is on its way out.
     if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly())
         qCritical("Some profiles could not be saved");
@@ -93,11 +96,11 @@ void HostApplication::createProfileServices()
     m_macroTypes = std::make_unique<cMacroTypeMgrService>();
     m_profiler = std::make_unique<cProfilerService>();
     m_displays = std::make_unique<cLCDMonService>();
-    m_luaScripts = std::make_unique<cLuaScriptService>(*m_mainUI);
     m_profiles = std::make_unique<cProfileMgrService>(m_commandLine.dataFolder + QStringLiteral("/profiles"),
         m_paths.defaultProfileFile(),
         cProfileMgrService::Surroundings {
             m_settings.get(), m_macroTypes.get(), m_devices.get(), m_mainUI.get()});
+    m_luaScripts = std::make_unique<cLuaScriptService>(m_paths.scriptRunner, *m_profiles);
     m_profilesToGo = std::make_unique<cProfilesToGoService>(
         m_commandLine.dataFolder + QStringLiteral("/onboard"), *m_devices, *m_profiles);
     // Who holds the profiles holds all of the user's data.
@@ -121,14 +124,17 @@ void HostApplication::createWindow()
     m_mainApp->setWindow(m_window.get());
     m_featureViews->setWindow(m_window.get());
     m_help->setWindow(m_window.get());
+    m_luaScripts->setWindow(m_window.get());
 
     connect(m_settings.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_devices.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_mainApp.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_profiles.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_luaScripts.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_profilesToGo.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
     m_window->addTool(tr("&On-board Memory..."), QKeySequence(), this, SLOT(onShowOnBoardMemory()));
+    m_window->addTool(tr("S&cript Editor..."), QKeySequence(), this, SLOT(onShowScript()));
     connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
 }
 
@@ -189,6 +195,14 @@ void HostApplication::onShowOnBoardMemory()
     if (!m_onBoardWindow)
         m_onBoardWindow = std::make_unique<OnBoardWindow>(*m_profilesToGo, *m_profiles, m_window.get());
     m_onBoardWindow->showDevice(m_window->activeDeviceId());
+}
+
+void HostApplication::onShowScript()
+{
+    // The profile that the user looked at last, if it is still there.
+    const QString shown = m_settings->getPropertyString(SettingsKeys::LastProfile);
+    const bool isThere = !m_profiles->getProfileByID(shown).isNull();
+    m_luaScripts->showEditor(true, isThere ? shown : m_profiles->getActiveProfileID());
 }
 
 void HostApplication::onScreenshotsFinished(const QString& message)

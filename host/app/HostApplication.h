@@ -50,6 +50,7 @@ private Q_SLOTS:
     void onDeviceChanged(const QString& model);
     void onScreenshotsFinished(const QString& message);
     void onShowOnBoardMemory();
+    void onShowScript();
 
 private:
     void createServices();
@@ -73,8 +74,8 @@ private:
     std::unique_ptr<cMacroTypeMgrService> m_macroTypes;
     std::unique_ptr<cProfilerService> m_profiler;
     std::unique_ptr<cLCDMonService> m_displays;
-    std::unique_ptr<cLuaScriptService> m_luaScripts;
     std::unique_ptr<cProfileMgrService> m_profiles;
+    std::unique_ptr<cLuaScriptService> m_luaScripts;
     std::unique_ptr<cProfilesToGoService> m_profilesToGo;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<OnBoardWindow> m_onBoardWindow;

@@ -106,6 +106,19 @@ void Journey::key(const QString& chord)
     xdotool({QStringLiteral("key"), chord});
 }
 
+void Journey::type(const QString& text)
+{
+    xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text});
+}
+
+QStringList Journey::childProcesses() const
+{
+    QFile file(QStringLiteral("/proc/%1/task/%1/children").arg(m_process.processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        return {QStringLiteral("unknown")};
+    return QString::fromLatin1(file.readAll()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
 QImage Journey::picture() const
 {
     return QGuiApplication::primaryScreen()->grabWindow(WId(m_window.toULongLong())).toImage();

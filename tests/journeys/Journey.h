@@ -28,6 +28,8 @@ public:
     void click(const QPoint& point);
     /// A key or a chord in xdotool's names, as in "ctrl+q".
     void key(const QString& chord);
+    /// Types the text where the focus is.
+    static void type(const QString& text);
 
     /// What the window shows now.
     QImage picture() const;
@@ -43,6 +45,9 @@ public:
 
     /// True if the window shows a message in its strip, which has an amber edge.
     bool showsMessage() const;
+
+    /// Ids of the processes that it has started and that still run.
+    QStringList childProcesses() const;
 
     /// Waits until the application has ended; false if it does not.
     bool waitForEnd();

@@ -2,8 +2,6 @@
 
 #include <cLCDMon.h>
 #include <cLCDMonService.h>
-#include <cLuaScript.h>
-#include <cLuaScriptService.h>
 #include <cServiceMgr.h>
 #include <TestCase.h>
 
@@ -19,14 +17,11 @@ private Q_SLOTS:
     void cleanup();
 
     void thereAreNoDisplays();
-    void scriptEditorIsDeclined();
-    void scriptsDoNotRun();
 
 private:
     std::unique_ptr<cServiceMgr> m_manager;
     std::unique_ptr<FakeMainUI> m_mainUI;
     std::unique_ptr<cLCDMonService> m_displays;
-    std::unique_ptr<cLuaScriptService> m_scripts;
 };
 
 void LaterServicesTest::init()
@@ -35,14 +30,12 @@ void LaterServicesTest::init()
     IServiceMgr::setInstance(m_manager.get());
     m_mainUI = std::make_unique<FakeMainUI>();
     m_displays = std::make_unique<cLCDMonService>();
-    m_scripts = std::make_unique<cLuaScriptService>(*m_mainUI);
-    for (QObject* service : QList<QObject*> {m_displays.get(), m_scripts.get()})
+    for (QObject* service : QList<QObject*> {m_displays.get()})
         m_manager->registerService(service);
 }
 
 void LaterServicesTest::cleanup()
 {
-    m_scripts.reset();
     m_displays.reset();
     m_mainUI.reset();
     IServiceMgr::setInstance(nullptr);
@@ -60,23 +53,6 @@ void LaterServicesTest::thereAreNoDisplays()
     QVERIFY(displays.appletsOnDevice("any")->at(-1).isNull());
     QVERIFY(displays.deviceSettings("any").isNull());
     QVERIFY(displays.lastBitmapSent("any").isNull());
-}
-
-void LaterServicesTest::scriptEditorIsDeclined()
-{
-    cLuaScript scripts;
-    scripts.showEditor(true, "{1}");
-    QCOMPARE(m_mainUI->messages, QStringList({"Scripting: There is no script editor in this version."}));
-    scripts.showEditor(false, "{1}");
-    QCOMPARE(m_mainUI->messages.size(), 1);
-}
-
-void LaterServicesTest::scriptsDoNotRun()
-{
-    cLuaScript scripts;
-    QVERIFY(!scripts.run("{1}", "print(1)"));
-    scripts.stop();
-    QCOMPARE(m_mainUI->messages, QStringList());
 }
 
 VELTRANO_TEST_MAIN(LaterServicesTest)
