@@ -7,8 +7,9 @@ build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libxcb1-dev nloh
     libqscintilla2-qt5-dev liblua5.4-dev)
 # Fonts for the window, icons out of Windows executables, and a display where the machine has none.
 run_packages=(fonts-liberation icoutils xvfb xauth openbox)
-# binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources.
-test_packages=(xdotool x11-utils binutils python3 librsvg2-bin)
+# binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources,
+# poppler-utils reads printed pages.
+test_packages=(xdotool x11-utils binutils python3 librsvg2-bin poppler-utils)
 lint_packages=(clang-format clang-tidy git)
 
 say() { printf '%s\n' "$*" >&2; }

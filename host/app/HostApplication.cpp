@@ -14,6 +14,7 @@
 #include <cMainAppService.h>
 #include <cMainUIService.h>
 #include <cProfileMgrService.h>
+#include <cProfilePrinter.h>
 #include <cProfilerService.h>
 #include <cProfilesToGoService.h>
 #include <cSettingsService.h>
@@ -100,6 +101,8 @@ void HostApplication::createProfileServices()
         m_paths.defaultProfileFile(),
         cProfileMgrService::Surroundings {
             m_settings.get(), m_macroTypes.get(), m_devices.get(), m_mainUI.get()});
+    m_printer = std::make_unique<cProfilePrinter>(*m_devices, *m_mainUI);
+    m_profiles->setPrinter(m_printer.get());
     m_luaScripts = std::make_unique<cLuaScriptService>(m_paths.scriptRunner, *m_profiles);
     m_profilesToGo = std::make_unique<cProfilesToGoService>(
         m_commandLine.dataFolder + QStringLiteral("/onboard"), *m_devices, *m_profiles);
@@ -135,6 +138,7 @@ void HostApplication::createWindow()
     connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
     m_window->addTool(tr("&On-board Memory..."), QKeySequence(), this, SLOT(onShowOnBoardMemory()));
     m_window->addTool(tr("S&cript Editor..."), QKeySequence(), this, SLOT(onShowScript()));
+    m_window->addTool(tr("&Print Profile..."), QKeySequence(QKeySequence::Print), this, SLOT(onPrint()));
     connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
 }
 
@@ -199,10 +203,21 @@ void HostApplication::onShowOnBoardMemory()
 
 void HostApplication::onShowScript()
 {
-    // The profile that the user looked at last, if it is still there.
+    m_luaScripts->showEditor(true, shownProfile());
+}
+
+void HostApplication::onPrint()
+{
+    const auto device = m_devices->deviceOfModel(m_window->activeDeviceModel());
+    if (device)
+        m_profiles->printProfile(shownProfile(), device->properties()["category"].toString(), {});
+}
+
+QString HostApplication::shownProfile() const
+{
     const QString shown = m_settings->getPropertyString(SettingsKeys::LastProfile);
     const bool isThere = !m_profiles->getProfileByID(shown).isNull();
-    m_luaScripts->showEditor(true, isThere ? shown : m_profiles->getActiveProfileID());
+    return isThere ? shown : m_profiles->getActiveProfileID();
 }
 
 void HostApplication::onScreenshotsFinished(const QString& message)

@@ -16,6 +16,7 @@ class cLuaScriptService;
 class cMacroTypeMgrService;
 class cMainAppService;
 class cMainUIService;
+class cProfilePrinter;
 class cProfileMgrService;
 class cProfilerService;
 class cProfilesToGoService;
@@ -51,6 +52,7 @@ private Q_SLOTS:
     void onScreenshotsFinished(const QString& message);
     void onShowOnBoardMemory();
     void onShowScript();
+    void onPrint();
 
 private:
     void createServices();
@@ -59,6 +61,8 @@ private:
     void startProfiles();
     void showLastDevice();
     QList<QObject*> services() const;
+    /// The profile that the user looked at last, if it is still there, else the one that keys play.
+    QString shownProfile() const;
 
     ApplicationPaths m_paths;
     CommandLine m_commandLine;
@@ -74,6 +78,7 @@ private:
     std::unique_ptr<cMacroTypeMgrService> m_macroTypes;
     std::unique_ptr<cProfilerService> m_profiler;
     std::unique_ptr<cLCDMonService> m_displays;
+    std::unique_ptr<cProfilePrinter> m_printer;
     std::unique_ptr<cProfileMgrService> m_profiles;
     std::unique_ptr<cLuaScriptService> m_luaScripts;
     std::unique_ptr<cProfilesToGoService> m_profilesToGo;

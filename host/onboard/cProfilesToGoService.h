@@ -2,7 +2,7 @@
 
 #include "DeviceMemory.h"
 
-#include <DeviceCopies.h>
+#include <IDeviceCopies.h>
 #include <IProfilesToGo.h>
 #include <Profile.h>
 

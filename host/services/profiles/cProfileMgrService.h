@@ -17,6 +17,7 @@ class IDevMgr;
 class IDeviceCopies;
 class IMacroTypeMgr;
 class IMainUI;
+class IProfilePrinter;
 class ISettings;
 
 /// The service "Profiler.ProfileMgr" over the profile store.
@@ -181,6 +182,8 @@ public:
     /// Knows what devices hold, and outlives the service unless null takes its place. Without it every
     /// profile that is bound to a device is ahead of it.
     void setDeviceCopies(const IDeviceCopies* copies) { m_deviceCopies = copies; }
+    /// Without one, printing does nothing. It outlives the service.
+    void setPrinter(IProfilePrinter* printer) { m_printer = printer; }
     ProfileDocument::ReadResult readDocument(const QByteArray& document) const;
     /// Adds a profile that was found on a device, as it is. One whose id is there already is passed over.
     void adopt(Profile found);
@@ -243,6 +246,7 @@ private:
     QString m_defaultDocument;
     Surroundings m_surroundings;
     const IDeviceCopies* m_deviceCopies = nullptr;
+    IProfilePrinter* m_printer = nullptr;
     ProfileBook m_book;
     ProfileStore m_store;
     QQueue<ProfileEvent> m_waiting;

@@ -1,7 +1,7 @@
 // Profiles that are bound to devices.
 #include "cProfileMgrService.h"
 
-#include <DeviceCopies.h>
+#include <IDeviceCopies.h>
 #include <EventNames.h>
 #include <IServiceMgr.h>
 #include <ProfileIds.h>
