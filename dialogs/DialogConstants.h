@@ -2,9 +2,13 @@
 
 #include <QMargins>
 #include <QRgb>
+#include <QtGlobal>
 
 /// Sizes and times of the dialogs. Lengths are pixels.
 namespace DialogConstants {
+
+/// Between the column of command types and the page of a command.
+inline constexpr int EditorSpacing = 15;
 
 /// The column of command types.
 inline constexpr int IconListMargin = 10;
@@ -20,6 +24,8 @@ inline constexpr QRgb IconFocusColor = 0xff93c7c7;
 /// The page of a command.
 inline constexpr QMargins PageMargins(0, 10, 0, 0);
 inline constexpr int PageSpacing = 5;
+/// How much larger the title is than other texts.
+inline constexpr qreal TitleScale = 1.4;
 /// Below the form, where all height goes that nothing else needs.
 inline constexpr int PageStretch = 1000;
 /// Above the buttons.

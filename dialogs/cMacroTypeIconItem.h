@@ -26,10 +26,14 @@ Q_SIGNALS:
     void clicked(const QString& macroTypeID);
 
 protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
     Q_DISABLE_COPY(cMacroTypeIconItem)
+
+    /// Gives the name the room that it needs in the present font, so that no layout can clip it.
+    void fitText();
 
     QString m_macroTypeID;
     QString m_displayName;
