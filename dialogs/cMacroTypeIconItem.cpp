@@ -70,6 +70,7 @@ cMacroTypeIconItem::cMacroTypeIconItem(const cJsonValue& info, QWidget* parent)
     m_layout->addWidget(m_textLabel, 0, Qt::AlignCenter);
     // The border is there from the start, so that nothing moves when the highlight comes.
     setHighlighted(false);
+    ensurePolished();
 }
 
 void cMacroTypeIconItem::setHighlighted(bool isHighlighted)
@@ -91,13 +92,15 @@ bool cMacroTypeIconItem::event(QEvent* event)
 void cMacroTypeIconItem::fitText()
 {
     m_textLabel->ensurePolished();
+    // The highlight has a frame of its own; the name is not to be broken anew with it.
+    if (!m_highlighted)
+        m_frameWidth = contentsMargins().left() + contentsMargins().right();
     const QFontMetrics metrics = m_textLabel->fontMetrics();
-    const QMargins frame = contentsMargins();
-    const int widest = IconItemMaxWidth - frame.left() - frame.right();
+    const int widest = IconItemMaxWidth - m_frameWidth;
     m_textLabel->setText(breakable(m_displayName, metrics, widest));
     // The advance is rounded, and a pixel too little breaks the line.
     const int width = std::min(metrics.horizontalAdvance(m_displayName) + 1, widest);
-    m_textLabel->setFixedSize(width, m_textLabel->heightForWidth(width));
+    m_textLabel->setFixedSize(width, std::max(m_textLabel->heightForWidth(width), 0));
 }
 
 void cMacroTypeIconItem::mousePressEvent(QMouseEvent* event)

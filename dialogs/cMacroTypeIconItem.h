@@ -42,4 +42,6 @@ private:
     QLabel* m_iconLabel = nullptr;
     QLabel* m_textLabel = nullptr;
     bool m_highlighted = false;
+    /// Left and right of the content.
+    int m_frameWidth = 0;
 };

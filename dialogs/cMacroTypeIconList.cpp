@@ -71,6 +71,11 @@ int cMacroTypeIconList::indexOf(const QString& macroTypeID) const
     return item == m_items.end() ? 0 : int(item - m_items.begin());
 }
 
+QSize cMacroTypeIconList::minimumSizeHint() const
+{
+    return {sizeHint().width(), QFrame::minimumSizeHint().height()};
+}
+
 void cMacroTypeIconList::onMacroTypeItemClicked(const QString& macroTypeID)
 {
     for (int i = 0; i < m_items.size(); ++i) {
