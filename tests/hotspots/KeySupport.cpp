@@ -200,6 +200,11 @@ QString KeySupport::setAssignment(const QString& macroID, const QString& context
             argument("MKey::MKey_t", QVariant::fromValue(Mode)), argument("const QString", contextID)});
 }
 
+QStringList KeySupport::addStickMacro(const QString& operation)
+{
+    return {profileCall(operation, {argument("const QString", Profile)}, "bool")};
+}
+
 QString KeySupport::stringToGKey(const QString& contextID)
 {
     return QStringLiteral("Profiler.Profiler stringToGKey(%1) -> GKey::GKey_t")

@@ -111,6 +111,7 @@ QString macros();
 QString canMacroBeAssignedTo(const QString& macroID, const QString& contextID = QStringLiteral("G7"));
 QString assignmentHasBackup(const QString& contextID = QStringLiteral("G7"));
 QString setAssignment(const QString& macroID, const QString& contextID);
+QStringList addStickMacro(const QString& operation);
 QString stringToGKey(const QString& contextID = QStringLiteral("G7"));
 QString gKeyToString(int key);
 QString mainWindow();
