@@ -135,6 +135,8 @@ protected Q_SLOTS:
 private:
     Q_DISABLE_COPY(cMacroBindingView)
 
+    /// The first start's step: has onAutoScanForGames() called in a moment, unless that has been done before.
+    void offerGameScan();
     /// Deletes what onDeviceTransformEnd() made and ends its subscriptions. Harmless when repeated.
     void removeScene();
 

@@ -36,9 +36,6 @@ void cMacroBindingView::sortMacroType()
 void cMacroBindingView::onPrintProfile(const QString&)
 { }
 
-void cMacroBindingView::onAutoScanForGames()
-{ }
-
 void cMacroBindingView::deleteProfiles(const QStringList&)
 { }
 
