@@ -3,7 +3,7 @@
 #include "cMacroEditPage.h"
 #include "cMacroTypeIconList.h"
 #include "DialogConstants.h"
-#include "DialogWindow.h"
+#include "DialogSetup.h"
 
 #include <cECMAScript.h>
 
@@ -29,7 +29,7 @@ cMacroEditor::cMacroEditor(const cJsonValue& macro, QWidget* parent, bool withAd
         m_page, SIGNAL(macroEditorClosed(const QString&)), this, SIGNAL(macroEditorClosed(const QString&)));
     setLayout(layout);
     setWindowTitle(tr("Command Editor"));
-    DialogWindow::setUp(*this);
+    DialogSetup::apply(*this);
 
     connect(m_iconList, SIGNAL(macroTypeSelected(int)), this, SLOT(changePage(int)));
     if (m_isNew)
