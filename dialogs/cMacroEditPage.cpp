@@ -298,7 +298,7 @@ void cMacroEditPage::cancel()
 
 void cMacroEditPage::ok()
 {
-    if (m_currentEditor && !m_currentEditor->onOK())
+    if (!isFormRight())
         return;
     fillRecord();
     const QString profile = currentProfile();
@@ -320,7 +320,7 @@ void cMacroEditPage::ok()
 
 void cMacroEditPage::add()
 {
-    if (m_currentEditor && !m_currentEditor->onOK())
+    if (!isFormRight())
         return;
     fillRecord();
     const QString profile = currentProfile();
@@ -338,6 +338,14 @@ void cMacroEditPage::add()
     m_cancelButton->setText(tr("Close"));
     // A type with fixed names shows no name field; the button that was pressed is disabled by now.
     focusFirstField();
+}
+
+bool cMacroEditPage::isFormRight()
+{
+    if (m_currentEditor && !m_currentEditor->onOK())
+        return false;
+    // Without a form there is nothing of which a new command could be made.
+    return m_currentEditor || !m_isNew;
 }
 
 IMacroEditor* cMacroEditPage::editorInFront() const

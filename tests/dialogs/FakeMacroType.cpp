@@ -4,7 +4,7 @@
 
 FakeEditor::FakeEditor(RecordingHost& host, const QString& typeId, const cJsonValue& macro)
     : record(macro)
-    , content(record["data"])
+    , content(macro["data"])
     , m_host(host)
     , m_typeId(typeId)
 {
@@ -19,7 +19,10 @@ void FakeEditor::setMacroName(QString macroName)
 bool FakeEditor::onOK()
 {
     note(QStringLiteral("onOK"));
-    return isRight;
+    const bool answer = isRight;
+    if (goesDuringCheck)
+        delete this;
+    return answer;
 }
 
 bool FakeEditor::onCancel()

@@ -39,6 +39,8 @@ public:
     bool isRight = true;
     bool canBeLeft = true;
     bool isFilled = true;
+    /// As if the host took the form away while a message stands.
+    bool goesDuringCheck = false;
 
 private:
     void note(const QString& what);
