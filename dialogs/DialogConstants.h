@@ -48,6 +48,7 @@ inline constexpr int IconItemMaxWidth = 140;
 inline constexpr int IconItemSpacing = 5;
 /// How far outside a type the frame stands that marks it while the column has the focus.
 inline constexpr int IconFocusDistance = 3;
+inline constexpr int IconFocusRadius = 6;
 inline constexpr QRgb IconFocusColor = 0xff93c7c7;
 
 /// The page of a command.

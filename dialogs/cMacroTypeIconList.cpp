@@ -141,7 +141,11 @@ void cMacroTypeIconList::paintEvent(QPaintEvent* event)
         return;
     const QRect marked = m_items[std::max(highlightedIndex(), 0)]->geometry();
     QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QColor(IconFocusColor));
-    painter.drawRect(marked.adjusted(
-        -IconFocusDistance, -IconFocusDistance, IconFocusDistance - 1, IconFocusDistance - 1));
+    // In the middle of the pixels, so that the line is one pixel wide.
+    const QRectF frame = QRectF(marked).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(
+        frame.adjusted(-IconFocusDistance, -IconFocusDistance, IconFocusDistance, IconFocusDistance),
+        IconFocusRadius, IconFocusRadius);
 }

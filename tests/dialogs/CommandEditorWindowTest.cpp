@@ -331,6 +331,8 @@ void CommandEditorWindowTest::commandOfEachTypeIsMadeByKeyboard()
         QVERIFY(qobject_cast<cMacroTypeIconList*>(QApplication::focusWidget()));
         while (formOf(dialog)->getMacroTypeID() != typeId)
             press(Qt::Key_Down);
+        QVERIFY(dialog.grab().save(
+            QString(PICTURES_FOLDER "/command-editor-column-%1.png").arg(QTest::currentDataTag())));
         press(Qt::Key_Tab);
         if (nameOf(dialog)->isVisible()) {
             QVERIFY(nameOf(dialog)->hasFocus());
@@ -565,7 +567,6 @@ void CommandEditorWindowTest::nothingIsClipped()
             QCoreApplication::processEvents();
             QCOMPARE(clippedPart(dialog), QString());
             QVERIFY(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()));
-            QVERIFY(QDir().mkpath(PICTURES_FOLDER));
             QVERIFY(dialog.grab().save(
                 QString(PICTURES_FOLDER "/command-editor-%1.png").arg(QTest::currentDataTag())));
             // As small as its user can make it.
