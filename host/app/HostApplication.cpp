@@ -67,7 +67,6 @@ HostApplication::~HostApplication()
     m_mainUI->setWindow(nullptr);
     m_mainApp->setWindow(nullptr);
     m_featureViews->setWindow(nullptr);
-    m_help->setWindow(nullptr);
     m_onBoardWindow.reset();
     m_window.reset();
 }
@@ -126,7 +125,6 @@ void HostApplication::createWindow()
     m_mainUI->setWindow(m_window.get());
     m_mainApp->setWindow(m_window.get());
     m_featureViews->setWindow(m_window.get());
-    m_help->setWindow(m_window.get());
     m_luaScripts->setWindow(m_window.get());
 
     connect(m_settings.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
