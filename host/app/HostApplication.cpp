@@ -20,6 +20,7 @@
 #include <cSettingsService.h>
 #include <EventNames.h>
 #include <FeatureViewController.h>
+#include <HelpKey.h>
 #include <HostDevice.h>
 #include <IServiceMgr.h>
 #include <MacroTypes.h>
@@ -35,6 +36,9 @@ namespace {
 
 /// Settings key, string: model of the device that was shown last.
 const QString LastDeviceKey = QStringLiteral("host/lastDevice");
+
+/// The id of the application's first help page.
+const QString ApplicationHelpId = QStringLiteral("application");
 
 } // namespace
 
@@ -154,6 +158,9 @@ void HostApplication::start()
         m_plugins->loadAll(m_paths.pluginsFolder);
     else
         m_plugins->load(m_commandLine.pluginFile);
+    m_help->registerHelp(ApplicationHelpId,
+        QStringLiteral("qthelp://%1/doc/en_US/getting_started.htm").arg(HelpKey::Section),
+        m_paths.helpFolder());
     m_help->askProviders();
     m_window->show();
 

@@ -3,10 +3,9 @@
 #include "ScriptColors.h"
 
 #include <EventNames.h>
-#include <IHelpMgr.h>
+#include <HelpKey.h>
 #include <IProfileMgr.h>
 #include <IServiceMgr.h>
-#include <ServiceNames.h>
 
 #include <QCloseEvent>
 #include <QFontDatabase>
@@ -113,7 +112,7 @@ ScriptWindow::ScriptWindow(IProfileMgr& profiles, const QString& profileId, QWid
     connect(m_editor, SIGNAL(textChanged()), this, SLOT(onTextChanged()));
     connect(m_editor, SIGNAL(cursorPositionChanged(int, int)), this, SLOT(onCursorMoved(int, int)));
     connect(m_editor, SIGNAL(modificationChanged(bool)), this, SLOT(updateState()));
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), SIGNAL(activated()), this, SLOT(onHelp()));
+    new HelpKey(QStringLiteral("scripts.htm"), this);
     onCursorMoved(0, 0);
     updateState();
     m_editor->setFocus();
@@ -259,14 +258,6 @@ void ScriptWindow::onRun()
 {
     storeText();
     Q_EMIT runAsked(m_profileId, m_editor->text());
-}
-
-void ScriptWindow::onHelp()
-{
-    const QString section = QStringLiteral("com.veltrano.application");
-    const QString topic = QStringLiteral("scripts.htm");
-    IServiceMgr::instance()->invoke(
-        ServiceNames::HelpMgr, QStringLiteral("LaunchHelp"), Q_ARG(QString, section), Q_ARG(QString, topic));
 }
 
 void ScriptWindow::beginRun()

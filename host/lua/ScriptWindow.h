@@ -57,7 +57,6 @@ protected:
 private Q_SLOTS:
     void onSave();
     void onRun();
-    void onHelp();
     void onTextChanged();
     void onCursorMoved(int line, int column);
     void updateState();

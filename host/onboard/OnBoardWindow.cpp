@@ -4,6 +4,7 @@
 
 #include <cProfileMgrService.h>
 #include <EventNames.h>
+#include <HelpKey.h>
 #include <IServiceMgr.h>
 #include <MessageDialog.h>
 
@@ -55,6 +56,7 @@ OnBoardWindow::OnBoardWindow(cProfilesToGoService& memories, cProfileMgrService&
     layout->addWidget(m_hint);
     layout->addWidget(createFooter());
     resize(InitialSize);
+    new HelpKey(QStringLiteral("onboard_memory.htm"), this);
 
     m_refreshTimer.setSingleShot(true);
     m_refreshTimer.setInterval(0);

@@ -2,6 +2,7 @@
 
 #include "KeySheetPainter.h"
 
+#include <HelpKey.h>
 #include <HostPalette.h>
 #include <MessageDialog.h>
 
@@ -67,6 +68,7 @@ PrintWindow::PrintWindow(const KeySheet& sheet, QWidget* parent)
     layout->addWidget(m_preview, 1);
     layout->addWidget(createFooter());
     resize(InitialSize);
+    new HelpKey(QStringLiteral("printing.htm"), this);
     connect(m_preview, SIGNAL(paintRequested(QPrinter*)), this, SLOT(onPaintRequested(QPrinter*)));
     connect(m_preview, SIGNAL(previewChanged()), this, SLOT(onPreviewChanged()));
     onFitPage();
