@@ -99,7 +99,7 @@ void HostApplication::createProfileServices()
 {
     m_macroTypes = std::make_unique<cMacroTypeMgrService>();
     m_profiler = std::make_unique<cProfilerService>();
-    m_displays = std::make_unique<cLCDMonService>();
+    m_displays = std::make_unique<cLCDMonService>(*m_devices, *m_mainUI);
     m_profiles = std::make_unique<cProfileMgrService>(m_commandLine.dataFolder + QStringLiteral("/profiles"),
         m_paths.defaultProfileFile(),
         cProfileMgrService::Surroundings {

@@ -51,9 +51,10 @@ void Journey::start(const QString& program, const QStringList& arguments, const 
     const QString processId = QString::number(m_process.processId());
     std::ignore = QTest::qWaitFor(
         [&] {
-            m_window = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                   QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
-                           .section(QLatin1Char('\n'), 0, 0);
+            m_window =
+                xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+                            QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
+                    .section(QLatin1Char('\n'), 0, 0);
             return !m_window.isEmpty() || m_process.state() != QProcess::Running;
         },
         Patience);
@@ -87,10 +88,15 @@ bool Journey::waitForWindow(const QString& title)
 {
     return QTest::qWaitFor(
         [&] {
-            return !xdotool(
-                {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                    QString::number(m_process.processId()), QStringLiteral("--name"), title})
-                        .isEmpty();
+            const QString window =
+                xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+                            QStringLiteral("--pid"), QString::number(m_process.processId()),
+                            QStringLiteral("--name"), title})
+                    .section(QLatin1Char('\n'), -1);
+            // It is to be seen before it has the keyboard.
+            if (!window.isEmpty())
+                xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), window});
+            return !window.isEmpty();
         },
         Patience);
 }

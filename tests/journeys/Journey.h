@@ -36,7 +36,7 @@ public:
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
-    /// Waits for a visible window whose title holds the text.
+    /// Waits for a visible window whose title holds the text, and for it to have the keyboard.
     bool waitForWindow(const QString& title);
     /// How many windows of any program are to be seen whose title holds the text.
     static int countWindows(const QString& title);

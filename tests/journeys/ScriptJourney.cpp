@@ -33,7 +33,9 @@ void ScriptJourney::endlessScriptIsStoppedAndTheMendedOneIsKept()
     QVERIFY(journey.waitForWindow("Help"));
     journey.key("Escape");
     QTRY_COMPARE(Journey::countWindows("Help"), 0);
-    QCOMPARE(journey.childProcesses().size(), 1);
+    // On a slow machine its time may be over by now. One that still runs is not run a second time.
+    journey.key("F5");
+    QTRY_COMPARE(journey.childProcesses().size(), 1);
     journey.key("shift+F5");
     QTRY_COMPARE(journey.childProcesses(), QStringList());
 
