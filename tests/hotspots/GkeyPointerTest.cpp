@@ -301,13 +301,20 @@ void GkeyPointerTest::contextButtonIsReachedAndPressed()
     stage.expectFreePointer();
 }
 
-// The dialog swallows the release. Were the key to go on holding the mouse, moving it would drag what the key
-// holds about.
+// The dialog swallows the release. Were the key to go on holding the mouse, the next move would drag its
+// command about.
 void GkeyPointerTest::pointerIsFreeAfterTheEditor()
 {
     Stage stage;
+    stage.on.setMacro(Command);
     QVERIFY(stage.isUp());
-    RealPointer::act(stage.moveTo(Beside));
+    // The key remembers that it was pressed while it held a command.
+    QSignalSpy clicked(stage.on.key, SIGNAL(clicked(QString)));
+    RealPointer::act(stage.moveTo(OnKey) + " click 1");
+    QTRY_COMPARE(clicked.size(), 1);
+    QTRY_VERIFY(!stage.on.scene.mouseGrabberItem());
+    QVERIFY(stage.reach(Beside));
+    stage.on.key->setMacro(QString());
     const DialogDriver driver([&](QDialog& dialog) {
         QVERIFY(qobject_cast<cMacroEditor*>(&dialog));
         RealPointer::act("mouseup 1");

@@ -83,8 +83,6 @@ private Q_SLOTS:
     void releaseShowsTheArrow();
     void doubleClickOpensAnEditor_data();
     void doubleClickOpensAnEditor();
-    void mouseIsFreeAgainAfterAnEditor_data();
-    void mouseIsFreeAgainAfterAnEditor();
     void slotsEmitTheirSignals_data();
     void slotsEmitTheirSignals();
 
@@ -530,41 +528,6 @@ void GkeyTest::doubleClickOpensAnEditor()
         QCOMPARE(log.first(), mainWindow());
     else
         QCOMPARE(log, QStringList(R"(edit("G7"))"));
-}
-
-void GkeyTest::mouseIsFreeAgainAfterAnEditor_data()
-{
-    QTest::addColumn<QString>("macroID");
-    QTest::addColumn<QEvent::Type>("type");
-    QTest::addColumn<bool>("onLabel");
-    for (const bool onLabel : {false, true}) {
-        const char* where = onLabel ? "label" : "key";
-        QTest::addRow("press, %s", where) << QString() << QEvent::GraphicsSceneMousePress << onLabel;
-        QTest::addRow("double click, %s", where)
-            << QString() << QEvent::GraphicsSceneMouseDoubleClick << onLabel;
-        QTest::addRow("double click on a command, %s", where)
-            << Command << QEvent::GraphicsSceneMouseDoubleClick << onLabel;
-    }
-}
-
-// The release goes to the dialog. A key that went on holding the mouse would take the next move, without any
-// button, for a drag.
-void GkeyTest::mouseIsFreeAgainAfterAnEditor()
-{
-    QFETCH(QString, macroID);
-    QFETCH(QEvent::Type, type);
-    QFETCH(bool, onLabel);
-    KeyScene on;
-    on.setMacro(macroID);
-    const DialogDriver driver([](QDialog&) {});
-    const QPointF place = onLabel ? on.label->sceneBoundingRect().center() : QPointF(120, 125);
-    QGraphicsSceneMouseEvent event(type);
-    event.setScenePos(place);
-    event.setButton(Qt::LeftButton);
-    event.setButtons(Qt::LeftButton);
-    QCoreApplication::sendEvent(&on.scene, &event);
-    QCOMPARE(driver.hasRun(), macroID.isEmpty());
-    QVERIFY(!on.scene.mouseGrabberItem());
 }
 
 void GkeyTest::slotsEmitTheirSignals_data()
