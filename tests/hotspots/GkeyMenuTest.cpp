@@ -259,8 +259,7 @@ void GkeyMenuTest::labelOpensTheKeysMenu()
 void GkeyMenuTest::contextButtonOpensTheMenuInTheWindow()
 {
     KeyScene on;
-    on.window.setGeometry(60, 50, 500, 400);
-    on.window.show();
+    on.showWindow();
     SceneEvents::hoverEnter(*on.key);
     on.takeLog();
     QPoint place;
@@ -293,8 +292,7 @@ void GkeyMenuTest::menuStaysInsideTheWindow()
     QFETCH(int, fromRight);
     QFETCH(int, overhang);
     KeyScene on;
-    on.window.setGeometry(60, 50, 400, 400);
-    on.window.show();
+    on.showWindow();
     int width = 0;
     const MenuDriver measure([&](QMenu& menu) { width = menu.sizeHint().width(); });
     askForMenu(*on.key, QPoint(100, 100));

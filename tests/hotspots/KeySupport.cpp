@@ -4,6 +4,7 @@
 #include <MagnetTextItem.h>
 #include <ValueText.h>
 
+#include <QCursor>
 #include <QGraphicsPixmapItem>
 #include <QMetaMethod>
 #include <QPainterPath>
@@ -144,6 +145,13 @@ KeyScene::~KeyScene()
 {
     // Items before the view that they ask.
     scene.clear();
+}
+
+void KeyScene::showWindow()
+{
+    window.setGeometry(60, 50, 400, 400);
+    window.show();
+    QCursor::setPos(window.mapToGlobal(window.rect().center()));
 }
 
 void KeyScene::setMacro(const QString& macroID, bool isHidden)

@@ -90,6 +90,8 @@ public:
     explicit KeyScene(const QString& contextID = QStringLiteral("G7"));
     ~KeyScene();
 
+    /// Shows the window with the pointer in it, which a drag needs to get under way.
+    void showWindow();
     /// Puts a command on the key; the log does not show it.
     void setMacro(const QString& macroID, bool isHidden = false);
     /// What reached the host since the last take, calls in full and the key's signals, in order.
