@@ -1,35 +1,69 @@
 #include "cRowList.h"
 
 #include "cRowWidget.h"
-#include "RowLists.h"
 
 #include <QAbstractItemModel>
 #include <QItemSelection>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTimerEvent>
 
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// A list up to this long has all its widgets set at once.
+constexpr int RowsSetAtOnce = 256;
+/// How many waiting widgets are set in one turn of the event loop.
+constexpr int RowsSetInATurn = 16;
+/// After so many milliseconds without a new row a stream of rows has ended.
+constexpr int StreamPause = 50;
+
+} // namespace
+
 cRowList::cRowList(QWidget* parent)
     : QListWidget(parent)
+    , m_waitingRoom(new QWidget(this))
 {
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
+    m_waitingRoom->hide();
 }
 
 cRowList::~cRowList() = default;
 
+QWidget* cRowList::rowWidget(int row) const
+{
+    if (QWidget* widget = indexWidget(model()->index(row, 0)))
+        return widget;
+    return m_waiting.isEmpty() ? nullptr : m_waiting.value(item(row));
+}
+
+QWidget* cRowList::rowWidget(const QListWidgetItem* item) const
+{
+    auto* key = const_cast<QListWidgetItem*>(item);
+    if (QWidget* widget = itemWidget(key))
+        return widget;
+    return m_waiting.value(key);
+}
+
 void cRowList::addRow(QListWidgetItem* item, cRowWidget* widget, bool hidden)
 {
-    // What others have changed meanwhile; nothing is left of it for the short way below.
+    // What others have changed meanwhile; the short way below does not look for it.
     executeDelayedItemsLayout();
-    const QScopedValueRollback<bool> adding(m_addingRow, true);
+    const QScopedValueRollback<bool> known(m_placesAreKnown, true);
     m_rowHeight = item->sizeHint().height();
-    addItem(item);
     widget->setInSight(false);
-    setItemWidget(item, widget);
+    addItem(item);
+    m_waiting.insert(item, widget);
+    const bool isStream = count() > RowsSetAtOnce && m_streamTimer.isActive();
+    if (isStream)
+        widget->setParent(m_waitingRoom);
+    else
+        setWaitingWidget(item);
+    m_streamTimer.start(StreamPause, this);
     if (hidden) {
         const int row = this->row(item);
         m_rows.remove(placeOf(row));
@@ -98,12 +132,21 @@ void cRowList::scrollTo(const QModelIndex& index, ScrollHint hint)
 
 void cRowList::doItemsLayout()
 {
-    if (m_addingRow) {
+    if (m_placesAreKnown) {
         updateGeometries();
         return;
     }
     collectPlaces();
     QAbstractItemView::doItemsLayout();
+}
+
+void cRowList::reset()
+{
+    m_streamTimer.stop();
+    for (const QPointer<cRowWidget>& widget : qAsConst(m_waiting))
+        delete widget;
+    m_waiting.clear();
+    QListWidget::reset();
 }
 
 void cRowList::rowsInserted(const QModelIndex& parent, int start, int end)
@@ -125,6 +168,8 @@ void cRowList::rowsInserted(const QModelIndex& parent, int start, int end)
 void cRowList::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
 {
     QListWidget::rowsAboutToBeRemoved(parent, start, end);
+    for (int i = start; i <= end && !m_waiting.isEmpty(); ++i)
+        delete m_waiting.take(item(i));
     const int first = placeOf(start);
     const int behind = placeOf(end + 1);
     for (int i = behind - 1; i >= first; --i) {
@@ -134,6 +179,14 @@ void cRowList::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int en
     m_rows.remove(first, behind - first);
     for (int i = first; i < m_rows.size(); ++i)
         m_rows[i] -= end - start + 1;
+}
+
+void cRowList::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_streamTimer.timerId())
+        setSomeWidgets();
+    else
+        QListWidget::timerEvent(event);
 }
 
 void cRowList::updateGeometries()
@@ -270,13 +323,20 @@ void cRowList::collectPlaces()
     m_rowHeight = count() > 0 ? item(0)->sizeHint().height() : 0;
 }
 
+cRowList::Places cRowList::placesInSight() const
+{
+    return placesBetween(verticalOffset(), verticalOffset() + viewport()->height() - 1);
+}
+
 void cRowList::showWidgetsInSight()
 {
+    if (!m_waiting.isEmpty())
+        setWidgetsInSight();
     const int offset = verticalOffset();
-    const Places places = placesBetween(offset, offset + viewport()->height() - 1);
+    const Places places = placesInSight();
     QVector<QPointer<cRowWidget>> inSight;
     for (int i = places.first; i <= places.last; ++i) {
-        auto* widget = dynamic_cast<cRowWidget*>(RowLists::widgetAt(*this, m_rows[i]));
+        auto* widget = dynamic_cast<cRowWidget*>(rowWidget(m_rows[i]));
         if (!widget)
             continue;
         widget->setInSight(true);
@@ -291,4 +351,40 @@ void cRowList::showWidgetsInSight()
         widget->hide();
     }
     m_inSight = inSight;
+}
+
+void cRowList::setWidgetsInSight()
+{
+    QVector<QListWidgetItem*> items;
+    const Places places = placesInSight();
+    for (int i = places.first; i <= places.last; ++i) {
+        QListWidgetItem* const item = this->item(m_rows[i]);
+        if (item && m_waiting.contains(item))
+            items.append(item);
+    }
+    if (items.isEmpty())
+        return;
+    const QScopedValueRollback<bool> known(m_placesAreKnown, true);
+    for (QListWidgetItem* const item : qAsConst(items))
+        setWaitingWidget(item);
+    executeDelayedItemsLayout();
+}
+
+void cRowList::setSomeWidgets()
+{
+    executeDelayedItemsLayout();
+    const QScopedValueRollback<bool> known(m_placesAreKnown, true);
+    for (int i = 0; i < RowsSetInATurn && !m_waiting.isEmpty(); ++i)
+        setWaitingWidget(m_waiting.cbegin().key());
+    executeDelayedItemsLayout();
+    if (m_waiting.isEmpty())
+        m_streamTimer.stop();
+    else
+        m_streamTimer.start(0, this);
+}
+
+void cRowList::setWaitingWidget(QListWidgetItem* item)
+{
+    if (QWidget* widget = m_waiting.take(item))
+        setItemWidget(item, widget);
 }
