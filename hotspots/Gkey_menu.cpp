@@ -2,7 +2,10 @@
 
 #include "StickCommands.h"
 
+#include <cJsonValue.h>
 #include <cMacroBindingView.h>
+#include <cMacroEditor.h>
+#include <cMainUI.h>
 #include <cProfileMgr.h>
 #include <cProfiler.h>
 #include <MainWindowMenu.h>
@@ -120,4 +123,10 @@ void Gkey::emitForStick(const StickCommand& command, void (Gkey::*signal)(const 
 }
 
 void Gkey::onAddNewMacro()
-{ }
+{
+    // Not touched by what happens to the key meanwhile: what the user writes is saved in the profile all the
+    // same.
+    cMacroEditor editor(cJsonValue(), cMainUI().window(), false);
+    connect(&editor, SIGNAL(macroEditorClosed(QString)), SLOT(onMacroEditorClosed(QString)));
+    editor.exec();
+}
