@@ -192,7 +192,7 @@ void cRowList::timerEvent(QTimerEvent* event)
 void cRowList::updateGeometries()
 {
     // Not QListView's, which knows nothing of the places here.
-    const int height = m_rows.isEmpty() ? 0 : contentRect(m_rows.size() - 1).bottom() + 1;
+    const int height = m_rows.size() * step();
     const int scrollBy = std::exchange(m_scrollBy, 0);
     QScrollBar* const bar = verticalScrollBar();
     bar->setSingleStep(step());
@@ -230,7 +230,7 @@ QModelIndex cRowList::moveCursor(CursorAction action, Qt::KeyboardModifiers)
         const int here = placeOf(current.row());
         // A current row that is hidden stands between its neighbours.
         const int below = isIndexHidden(current) ? here : here + 1;
-        const int page = qMax(1, viewport()->height() / step());
+        const int page = qMax(1, (viewport()->height() - m_rowHeight) / step());
         switch (action) {
         case MoveUp:
         case MovePrevious:
@@ -289,26 +289,27 @@ int cRowList::placeOf(int row) const
 
 int cRowList::step() const
 {
-    return m_rowHeight + spacing();
+    // Each row has the spacing on all of its sides.
+    return m_rowHeight + 2 * spacing();
 }
 
 QRect cRowList::contentRect(int place) const
 {
-    return QRect(spacing(), spacing() + place * step(), viewport()->width(), m_rowHeight);
+    return QRect(spacing(), spacing() + place * step(), viewport()->width() - 2 * spacing(), m_rowHeight);
 }
 
 cRowList::Places cRowList::placesBetween(int top, int bottom) const
 {
     if (m_rows.isEmpty() || step() <= 0)
         return {};
-    const auto rowsAbove = [this](int y) {
-        return y < spacing() ? -1 : (y - spacing()) / step();
-    };
+    // The spacing around a row belongs to no row.
     Places places;
-    // A gap belongs to no row.
-    places.first =
-        top < spacing() ? 0 : rowsAbove(top) + (contentRect(rowsAbove(top)).bottom() < top ? 1 : 0);
-    places.last = qMin(rowsAbove(bottom), m_rows.size() - 1);
+    places.first = qMax(0, top) / step();
+    if (contentRect(places.first).bottom() < top)
+        ++places.first;
+    places.last = bottom < 0 ? -1 : qMin(bottom / step(), m_rows.size() - 1);
+    if (places.last >= 0 && contentRect(places.last).top() > bottom)
+        --places.last;
     return places;
 }
 
