@@ -83,7 +83,6 @@ public:
         QObject::connect(
             &box, SIGNAL(textEdited(const QString&)), panel.list.get(), SLOT(onSearch(const QString&)));
         // Placed before it is shown: the window manager moves one that is up at its own time.
-        panel.window.hide();
         panel.window.setGeometry(100, 100, 300, 400);
         target->show();
         box.show();
@@ -145,7 +144,7 @@ public:
     }
 
     const StyleSheetRemark remark;
-    Panel panel;
+    Panel panel {false};
     Target* const target;
     cSearchBox box;
 
