@@ -73,6 +73,7 @@ void cProfileItem::createMarker()
     m_markerLabel = new QLabel;
     m_markerLabel->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
     column->addWidget(m_markerLabel);
+    m_markerLabel->hide();
 }
 
 void cProfileItem::createContextIcon()
