@@ -34,6 +34,7 @@ cProfileList::cProfileList(QWidget* parent)
     EventHelpers::subscribe(EventSources::ProfileMgr, this);
     for (int option = 0; option < MenuOptionCount; ++option)
         m_menuOptions.insert(option);
+    refreshMouseTracking();
 }
 
 cProfileList::~cProfileList()

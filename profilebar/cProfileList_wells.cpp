@@ -76,8 +76,11 @@ void cProfileList::refreshMouseTracking()
 {
     const bool isTracking = showsWells() && m_wellsClickable;
     setMouseTracking(isTracking);
-    if (!isTracking)
-        setCursor(Qt::ArrowCursor);
+    if (isTracking)
+        return;
+    // No move will come any more that could take them back.
+    setCursor(Qt::ArrowCursor);
+    setToolTip(QString());
 }
 
 void cProfileList::paintEvent(QPaintEvent*)

@@ -37,7 +37,7 @@ ProfileHost::ProfileHost(const QStringList& names, const QString& pictures)
         put(name);
     answerProfiles();
     answerSettings();
-    window.setGeometry(100, 100, 1000, 700);
+    window.setGeometry(50, 50, 700, 500);
     host.answer("window", static_cast<QWidget*>(&window));
     host.answer("yesno", [this](const RecordedCall&) { return QVariant(sure); });
     setShownInView(*cMacroBindingView::instance(), QString(), QString(), MKey::M1);

@@ -1,18 +1,14 @@
-#include "ProfileHost.h"
+#include "Strip.h"
 
-#include <cMacroBindingView.h>
 #include <cProfileItem.h>
 #include <cProfileList.h>
 #include <FixedIds.h>
 #include <MetaMembers.h>
 #include <PluginContext.h>
-#include <ProfileBarConstants.h>
-#include <ShownInView.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextDocument>
@@ -23,76 +19,6 @@
 namespace {
 
 const QString Default = FixedIds::DefaultProfile;
-
-/// The list on a host with these profiles, filled as the bar fills it and as wide as in the view.
-class Strip
-{
-    Q_DISABLE_COPY(Strip)
-
-public:
-    explicit Strip(const QStringList& names, const QString& last = QString())
-        : host(names)
-    {
-        if (!last.isEmpty())
-            host.settings["profiler/lastProfile"] = ProfileHost::idOf(last);
-        list.setFixedSize(404, 103);
-        list.populate();
-        list.show();
-        host.clear();
-    }
-
-    cProfileItem* tile(const QString& name) const
-    {
-        for (int row = 0; row < list.count(); ++row) {
-            if (list.profileId(row) == ProfileHost::idOf(name))
-                return qobject_cast<cProfileItem*>(list.itemWidget(list.item(row)));
-        }
-        return nullptr;
-    }
-    QStringList names() const
-    {
-        QStringList found;
-        for (int row = 0; row < list.count(); ++row)
-            found.append(list.profileName(row));
-        return found;
-    }
-    QStringList shownNames() const
-    {
-        QStringList found;
-        for (int row = 0; row < list.count(); ++row) {
-            if (!list.item(row)->isHidden())
-                found.append(list.profileName(row));
-        }
-        return found;
-    }
-    /// Names of the tiles that are marked as current, by their marker.
-    QStringList current() const
-    {
-        QStringList found;
-        for (int row = 0; row < list.count(); ++row) {
-            const QString name = list.profileName(row);
-            const auto* marker = tile(name)->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
-            if (marker && marker->isVisibleTo(tile(name)))
-                found.append(name);
-        }
-        return found;
-    }
-    void click(const QString& name, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers, tile(name)->geometry().center());
-    }
-    QStringList selected() const
-    {
-        QStringList names;
-        for (const QString& id : list.selectedProfileIds())
-            names.append(id == Default ? QString("Default") : id.mid(1, id.size() - 2));
-        names.sort();
-        return names;
-    }
-
-    ProfileHost host;
-    cProfileList list;
-};
 
 } // namespace
 
