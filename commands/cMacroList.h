@@ -33,6 +33,9 @@ public:
     /// there.
     void setSortMode(int mode);
 
+    /// The number of the command's row, -1 if it has none.
+    int rowByMacroId(const QString& macroID) const;
+
     // Events of the host. Those for another profile than the list's are ignored, and those for a command
     // without a row.
     Q_INVOKABLE virtual void onmacroAdded(const QString& profileID, const cJsonValue& macro);
@@ -87,8 +90,6 @@ private:
     void stopPopulation();
     void addMacroRow(const cJsonValue& macro);
     cMacroItem* rowOf(const QListWidgetItem* item) const;
-    /// -1 if there is none.
-    int rowByMacroId(const QString& macroID) const;
     cMacroItem* itemByMacroId(const QString& macroID) const;
     void emitEditMacro(const QListWidgetItem* item);
 
