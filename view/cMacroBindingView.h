@@ -185,6 +185,9 @@ private:
     void selectMacroRow(const QString& macroID);
     void useGenericMacro(const QString& profileID, const Gkey& key);
 
+    /// Sorts the command list by a cListWidgetItem::SortMode, and its commands to come.
+    void sortMacros(int sortMode, Qt::SortOrder order);
+
     void setSyncButtonEnabled(bool on);
     /// Offers to write the profile to the device to which it is bound.
     void refreshSyncButton();
