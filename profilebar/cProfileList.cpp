@@ -188,7 +188,12 @@ void cProfileList::selectRow(int row)
         row = rowOfProfile(id);
     }
     if (QListWidgetItem* current = item(row)) {
-        setCurrentItem(current);
+        // Without a choice of ours, what was selected before would stay so when tiles have come or gone
+        // since.
+        if (current->isSelected())
+            setCurrentItem(current);
+        else
+            setCurrentItem(current, QItemSelectionModel::ClearAndSelect);
         scrollToItem(current, QAbstractItemView::EnsureVisible);
     }
 }
