@@ -58,7 +58,9 @@ Assignments storedAssignments(const Journey& journey)
     const QDomNodeList assignments = document.elementsByTagName("assignment");
     for (int i = 0; i < assignments.size(); ++i) {
         const QDomElement assignment = assignments.at(i).toElement();
-        if (assignment.parentNode().toElement().attribute("category") == Controller)
+        // Backups hold assignments as well.
+        const QDomElement parent = assignment.parentNode().toElement();
+        if (parent.tagName() == "assignments" && parent.attribute("category") == Controller)
             found[assignment.attribute("shiftstate") + ' ' + assignment.attribute("contextid")] =
                 names.value(assignment.attribute("macrouid"));
     }

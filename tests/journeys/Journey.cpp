@@ -120,12 +120,14 @@ void Journey::clickWith(const QString& key, const QPoint& point)
 void Journey::drag(const QPoint& from, const QPoint& to)
 {
     constexpr int Steps = 8;
+    // Not to be taken for the second press of a double click.
+    const QStringList settle {QStringLiteral("sleep"), QStringLiteral("0.6")};
     const QStringList pause {QStringLiteral("sleep"), QStringLiteral("0.05")};
     QStringList commands =
-        moveCommand(from) + pause + QStringList({QStringLiteral("mousedown"), QStringLiteral("1")});
+        moveCommand(from) + settle + QStringList({QStringLiteral("mousedown"), QStringLiteral("1")});
     for (int step = 1; step <= Steps; ++step)
         commands += pause + moveCommand(from + (to - from) * step / Steps);
-    // The program is told where the pointer is only when it asks for it, so the button waits for it.
+    // A drag looks around when the pointer moves: once more at the end, and with time for the answer.
     commands += QStringList({QStringLiteral("sleep"), QStringLiteral("0.3")}) + moveCommand(to + QPoint(1, 1))
         + QStringList(
             {QStringLiteral("sleep"), QStringLiteral("0.3"), QStringLiteral("mouseup"), QStringLiteral("1")});
