@@ -7,6 +7,7 @@
 #include <MagnetTextItem.h>
 #include <MenuDriver.h>
 #include <SceneEvents.h>
+#include <ShownInView.h>
 #include <TestCase.h>
 
 #include <QGraphicsSceneContextMenuEvent>
@@ -374,7 +375,7 @@ void GkeyMenuTest::stickCommandGoesWhereItWasPutWhenTheMenuWasUsed()
     numberKeys(on.host);
     // The user switches the mode, and a game the profile, while the host is at it.
     on.host.answer(
-        "addMouseMacro", [&](const RecordedCall&) { show(on.view, "{other}", "Other", MKey::M3); });
+        "addMouseMacro", [&](const RecordedCall&) { setShownInView(on.view, "{other}", "Other", MKey::M3); });
     on.key->onAssignMouse();
     QStringList expected = addStickMacro("addMouseMacro");
     for (int key = 26; key <= 29; ++key)

@@ -8,6 +8,7 @@
 #include <MagnetTextItem.h>
 #include <MenuDriver.h>
 #include <SceneEvents.h>
+#include <ShownInView.h>
 #include <TestCase.h>
 
 #include <QDrag>
@@ -31,7 +32,7 @@ struct Event
 /// The profile is deleted: another one is shown, which has nothing on the key.
 void showEmptyProfile(KeyScene& on)
 {
-    show(on.view, QStringLiteral("{next}"), Category, Mode);
+    setShownInView(on.view, QStringLiteral("{next}"), Category, Mode);
     on.key->setMacro(QString());
     delete on.label;
 }

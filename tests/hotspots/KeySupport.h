@@ -37,9 +37,6 @@ inline const QString Mouse = QStringLiteral("{8AE557B2-4775-4BC2-9877-DD627CE436
 inline const QString Joystick = QStringLiteral("{93F34A3F-7081-4D53-A99D-E858D4D86800}");
 inline const QString Tip = QStringLiteral("To assign a command to this G-key, drag the command here");
 
-/// Has the view show that profile, category and mode.
-void show(cMacroBindingView& view, const QString& profileID, const QString& category, MKey::MKey_t mode);
-
 /// A key that takes events from a test without a scene in between.
 class TestKey : public Gkey
 {

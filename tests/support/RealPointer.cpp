@@ -10,6 +10,12 @@ RealPointer::RealPointer(QObject* parent)
     connect(&m_process, SIGNAL(finished(int, QProcess::ExitStatus)), this, SLOT(onFinished()));
 }
 
+RealPointer::~RealPointer()
+{
+    m_process.disconnect(this);
+    m_process.waitForFinished();
+}
+
 RealPointer& RealPointer::instance()
 {
     // The application's child, because a process can't outlive its event dispatcher.

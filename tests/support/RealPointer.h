@@ -15,6 +15,8 @@ class RealPointer : public QObject
     Q_DISABLE_COPY(RealPointer)
 
 public:
+    ~RealPointer() override;
+
     /// Does what xdotool's words say, after all that was asked for before, without waiting for it.
     static void act(const QString& actions);
     /// Whether all that was asked for has been done.
