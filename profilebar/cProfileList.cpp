@@ -151,7 +151,7 @@ cProfileItem* cProfileList::tileAt(int row) const
 
 cProfileItem* cProfileList::tileOf(const QListWidgetItem* item) const
 {
-    return RowLists::rowOf<cProfileItem>(*this, item);
+    return qobject_cast<cProfileItem*>(itemWidget(const_cast<QListWidgetItem*>(item)));
 }
 
 int cProfileList::rowOfProfile(const QString& id) const

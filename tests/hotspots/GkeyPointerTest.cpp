@@ -1,5 +1,4 @@
 #include "KeySupport.h"
-#include "RealPointer.h"
 
 #include <cGraphicsButton.h>
 #include <cMacroEditor.h>
@@ -7,6 +6,7 @@
 #include <DialogDriver.h>
 #include <MagnetTextItem.h>
 #include <MenuDriver.h>
+#include <RealPointer.h>
 #include <TestCase.h>
 
 #include <QCursor>
