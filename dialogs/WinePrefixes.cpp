@@ -70,6 +70,24 @@ QStringList steamLibraries()
     return libraries;
 }
 
+/// The names that a path on a drive goes through. On Windows ".." takes a name away, be it a folder's or not,
+/// and doesn't leave the drive.
+QStringList namesIn(QString path)
+{
+    QStringList names;
+    const QStringList parts =
+        path.replace(QLatin1Char('\\'), QLatin1Char('/')).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString& part : parts) {
+        if (part == QLatin1String("..")) {
+            if (!names.isEmpty())
+                names.removeLast();
+        } else if (part != QLatin1String(".")) {
+            names.append(part);
+        }
+    }
+    return names;
+}
+
 /// The entries of a folder whose name is the same but for case.
 QStringList entriesNamed(const QString& folder, const QString& name)
 {
@@ -113,16 +131,14 @@ QString resolve(const QString& prefix, const QString& windowsPath)
         QFileInfo(prefix + QStringLiteral("/dosdevices/") + match.captured(1).toLower()).canonicalFilePath();
     if (drive.isEmpty())
         return QString();
-    // On Windows ".." takes a name away and doesn't leave the drive.
-    const QString path =
-        QDir::cleanPath(QLatin1Char('/') + match.captured(2).replace(QLatin1Char('\\'), QLatin1Char('/')));
-    const QString root = drive == QLatin1String("/") ? QString() : drive;
-    if (const QString exact = QDir::cleanPath(root + path); QFileInfo::exists(exact))
+    const QStringList names = namesIn(match.captured(2));
+    if (names.isEmpty())
+        return drive;
+    if (const QString exact = QDir(drive).filePath(names.join(QLatin1Char('/'))); QFileInfo::exists(exact))
         return exact;
 
     // Level by level all folders that the path may mean, so that links in a circle are no trap.
     QStringList places {drive};
-    const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (const QString& name : names) {
         QStringList next;
         QStringList seen;
