@@ -42,6 +42,8 @@ cMacroBindingView::~cMacroBindingView()
     EventHelpers::unsubscribe(EventSources::HelpMgr, this);
     cHelpMgr().unRegisterHelp(helpFolder());
     cMacroBindingView::deinit(cJsonValue(), nullptr);
+    // Nobody is left to end the exit.
+    removePanesAndMask();
 }
 
 cMacroBindingView* cMacroBindingView::instance()

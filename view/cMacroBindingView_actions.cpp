@@ -1,8 +1,5 @@
 #include "cMacroBindingView.h"
 
-void cMacroBindingView::newCommand()
-{ }
-
 void cMacroBindingView::newProfile()
 { }
 
@@ -18,9 +15,6 @@ void cMacroBindingView::testProfile()
 void cMacroBindingView::deleteSelectedProfiles()
 { }
 
-void cMacroBindingView::loadMacroEditor(const cJsonValue&)
-{ }
-
 void cMacroBindingView::onSortIconClicked(const QPoint&)
 { }
 
@@ -33,9 +27,6 @@ void cMacroBindingView::sortMacroNameDescending()
 void cMacroBindingView::sortMacroType()
 { }
 
-void cMacroBindingView::onPrintProfile(const QString&)
-{ }
-
 void cMacroBindingView::deleteProfiles(const QStringList&)
 { }
 
@@ -45,5 +36,5 @@ void cMacroBindingView::deleteMacros(const QStringList&)
 void cMacroBindingView::deleteAssignments(const QStringList&)
 { }
 
-void cMacroBindingView::onForceProfilesToGoSync()
+void cMacroBindingView::createTrashcan()
 { }
