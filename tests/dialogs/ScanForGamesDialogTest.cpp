@@ -633,6 +633,9 @@ void ScanForGamesDialogTest::rowIsCheckedByKeyboard()
     QTest::keyClick(scan.list, Qt::Key_Down);
     QTest::keyClick(scan.list, Qt::Key_Space);
     QCOMPARE(scan.allRows(), QStringList({"[x] new 1", "[ ] new 2"}));
+    QTest::keyClick(scan.list, Qt::Key_Return);
+    QVERIFY(!scan.dialog.isVisible());
+    QCOMPARE(scan.dialog.result(), int(QDialog::Accepted));
 }
 
 void ScanForGamesDialogTest::helpKeyOpensThePage()

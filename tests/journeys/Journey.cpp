@@ -76,16 +76,16 @@ void Journey::click(const QPoint& point)
         QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
 }
 
+bool Journey::hasWindow(const QString& title) const
+{
+    return !xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
+                        QString::number(m_process.processId()), QStringLiteral("--name"), title})
+                .isEmpty();
+}
+
 bool Journey::waitForWindow(const QString& title)
 {
-    return QTest::qWaitFor(
-        [&] {
-            return !xdotool(
-                {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                    QString::number(m_process.processId()), QStringLiteral("--name"), title})
-                        .isEmpty();
-        },
-        Patience);
+    return QTest::qWaitFor([&] { return hasWindow(title); }, Patience);
 }
 
 void Journey::key(const QString& chord)

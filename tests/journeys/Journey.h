@@ -29,7 +29,9 @@ public:
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
-    /// Waits for a visible window whose title holds the text.
+    /// Whether there is a visible window whose title holds the text.
+    bool hasWindow(const QString& title) const;
+    /// Waits for one.
     bool waitForWindow(const QString& title);
     /// Writes what the window shows to the pictures of the build tree.
     bool savePicture(const QString& name) const;
