@@ -3,6 +3,7 @@
 #include <cMainUI.h>
 
 #include <QMenu>
+#include <QPointer>
 #include <QtDebug>
 #include <QWidget>
 
@@ -18,4 +19,13 @@ QPoint MainWindowMenu::placeInside(const QWidget& window, const QMenu& menu, con
 {
     const int overhang = globalPos.x() - window.pos().x() + menu.sizeHint().width() - window.size().width();
     return globalPos - QPoint(qMax(0, overhang), 0);
+}
+
+void MainWindowMenu::run(QMenu* menu, const QObject* owner, const QPoint& globalPos)
+{
+    // The window may go as well, and takes the menu with it.
+    const QPointer<QMenu> open(menu);
+    QObject::connect(owner, SIGNAL(destroyed()), menu, SLOT(close()));
+    menu->exec(globalPos);
+    delete open;
 }

@@ -214,12 +214,6 @@ void cMacroBindingView::createMacroList()
     connect(searchBox, SIGNAL(textEdited(QString)), m_macroList, SLOT(onSearch(QString)));
 }
 
-void cMacroBindingView::createProfileBar()
-{ }
-
-void cMacroBindingView::createProfileFrames()
-{ }
-
 void cMacroBindingView::createHintText()
 {
     m_hintText = new cGraphicsText;
@@ -235,6 +229,3 @@ void cMacroBindingView::createHintText()
     if (m_canvas->scene())
         m_canvas->scene()->addItem(m_hintText);
 }
-
-void cMacroBindingView::placeProfileBar()
-{ }
