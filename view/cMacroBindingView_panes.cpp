@@ -199,6 +199,8 @@ void cMacroBindingView::createMacroList()
     m_macroList = new cMacroList(m_commandFrame);
     m_macroList->move(MacroListPos);
     // Queued, because the list's own slot is still on the stack when the editor opens.
+    // A queued call carries its record.
+    qRegisterMetaType<cJsonValue>("cJsonValue");
     connect(m_macroList, SIGNAL(editMacro(cJsonValue)), this, SLOT(loadMacroEditor(cJsonValue)),
         Qt::QueuedConnection);
     connect(m_macroList, SIGNAL(hoverIn()), this, SLOT(onStopMkeyPulsate()));

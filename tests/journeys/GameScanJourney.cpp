@@ -75,7 +75,7 @@ void GameScanJourney::firstStartScansAndMakesTheChosenProfiles()
             30000);
         QVERIFY(Journey::saveScreen("scan-end.png"));
         // The first game is the one that is not wanted.
-        journey.key("Down");
+        journey.key("Home");
         journey.key("space");
         QVERIFY(Journey::saveScreen("scan-unchecked.png"));
         journey.key("Return");

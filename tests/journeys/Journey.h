@@ -12,7 +12,8 @@
 class Journey
 {
 public:
-    /// Starts the application and waits for its window. Check isRunning() afterwards.
+    /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for games
+    /// before, unless the arguments give it data of their own.
     explicit Journey(const QStringList& arguments = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
@@ -45,6 +46,7 @@ public:
     QString dataFile(const QString& name) const { return m_data.filePath(name); }
 
 private:
+    void writeSettings() const;
     void start(const QString& program, const QStringList& arguments, const QString& title);
     static QString xdotool(const QStringList& arguments);
 
