@@ -29,7 +29,7 @@ QSet<QString> storedProfiles(const QString& folder)
             continue;
         const QDomElement profile = document.documentElement().firstChildElement(QStringLiteral("profile"));
         found.insert(profile.attribute(QStringLiteral("name")) + QLatin1Char('=')
-            + profile.firstChildElement(QStringLiteral("target")).attribute(QStringLiteral("path")));
+            + profile.firstChildElement(QStringLiteral("target")).text());
     }
     return found;
 }
