@@ -109,13 +109,14 @@ class NoProfiles : public QObject
 {
     Q_OBJECT
     Q_CLASSINFO("service", "Profiler.ProfileMgr")
+    Q_CLASSINFO("version", "1")
 
 public:
     Q_INVOKABLE cJsonValue getProfileByName(const QString&) { return cJsonValue(); }
 };
 
 /// The worker's work by itself, without rests: the database, the registry, the signatures.
-double measureWorker()
+void measureWorker()
 {
     double total = 0;
     const auto step = [&total](const char* name, const auto& work) {
@@ -149,38 +150,48 @@ double measureWorker()
     });
     std::printf(
         "%-52s %9.2f ms, %d of %d signatures found\n", "the worker's work", total, found, signatures.size());
-    return total;
 }
 
-/// The scan in its window. Returns the longest silence.
-qint64 measureDialog(double& work)
+/// What a whole scan took.
+class ScanTimes
+{
+public:
+    double work = 0;
+    /// Longest time in which the window did not answer.
+    qint64 silence = 0;
+};
+
+/// The scan in its dialog. Unless that is shown, nothing is drawn, and all the work is the scan's own.
+ScanTimes measureDialog(bool isShown)
 {
     ScanForGamesDialog dialog(nullptr);
-    dialog.show();
+    dialog.setVisible(isShown);
     bool isFinished = false;
     QObject::connect(&dialog, &ScanForGamesDialog::scanCompleted, &dialog, [&] { isFinished = true; });
-    // A tick each millisecond: what lies between two of them is a time in which the window does not answer.
-    qint64 silence = 0;
+    ScanTimes times;
+    // What lies between two ticks is a time in which the window does not answer.
     QElapsedTimer sinceTick;
     sinceTick.start();
     QTimer ticks;
     ticks.setTimerType(Qt::PreciseTimer);
-    QObject::connect(
-        &ticks, &QTimer::timeout, &dialog, [&] { silence = std::max(silence, sinceTick.restart()); });
-    ticks.start(1);
+    QObject::connect(&ticks, &QTimer::timeout, &dialog,
+        [&] { times.silence = std::max(times.silence, sinceTick.restart()); });
+    if (isShown)
+        ticks.start(1);
     QElapsedTimer total;
     total.start();
     const double begin = processTime();
-    const double windowBegin = cpuTime(CLOCK_THREAD_CPUTIME_ID);
     while (!isFinished)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    work = processTime() - begin;
-    std::printf("%-52s %9.2f ms, of the window's thread %.2f ms\n", "the whole scan with its window", work,
-        cpuTime(CLOCK_THREAD_CPUTIME_ID) - windowBegin);
-    std::printf("%-52s %9lld ms\n", "duration with all rests", static_cast<long long>(total.elapsed()));
-    std::printf("%-52s %9lld ms\n", "longest silence of the window", static_cast<long long>(silence));
-    std::printf("%d rows\n", dialog.findChild<QListWidget*>()->count());
-    return silence;
+    times.work = processTime() - begin;
+    std::printf("%-52s %9.2f ms, in %.1f s with all rests, %d rows\n",
+        isShown ? "the whole scan with the drawing of its window" : "the whole scan without a window",
+        times.work, double(total.elapsed()) / 1e3, dialog.findChild<QListWidget*>()->count());
+    if (isShown)
+        std::printf(
+            "%-52s %9lld ms\n", "longest silence of the window", static_cast<long long>(times.silence));
+    QApplication::restoreOverrideCursor();
+    return times;
 }
 
 } // namespace
@@ -202,13 +213,13 @@ int main(int argc, char** argv)
     IServiceMgr::instance()->registerService(&profiles);
     std::printf("%d games, %d MB of registry\n", games, megabytes);
 
-    const double work = measureWorker();
-    double all = 0;
-    const qint64 silence = measureDialog(all);
+    measureWorker();
+    const ScanTimes hidden = measureDialog(false);
+    const ScanTimes shown = measureDialog(true);
     IServiceMgr::instance()->unregisterService(&profiles);
     const bool isDefault = games == DefaultGames && megabytes == DefaultMegabytes;
-    if (isDefault && (work > WorkLimit || silence > SilenceLimit)) {
-        std::printf("the work may take %.0f ms, the window may be silent for %lld ms\n", WorkLimit,
+    if (isDefault && (hidden.work > WorkLimit || shown.silence > SilenceLimit)) {
+        std::printf("the scan may take %.0f ms, the window may be silent for %lld ms\n", WorkLimit,
             static_cast<long long>(SilenceLimit));
         return 1;
     }

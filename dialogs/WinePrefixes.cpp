@@ -1,6 +1,7 @@
 #include "WinePrefixes.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -88,16 +89,18 @@ QStringList namesIn(QString path)
     return names;
 }
 
-/// The entries of a folder whose name is the same but for case.
+/// The entries of a folder whose name is the same but for case, sorted.
 QStringList entriesNamed(const QString& folder, const QString& name)
 {
     QStringList found;
-    const QStringList entries =
-        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System, QDir::Name);
-    for (const QString& entry : entries) {
+    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System);
+    while (entries.hasNext()) {
+        entries.next();
+        const QString entry = entries.fileName();
         if (entry.compare(name, Qt::CaseInsensitive) == 0)
             found.append(entry);
     }
+    found.sort();
     return found;
 }
 
