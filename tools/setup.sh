@@ -12,7 +12,7 @@ run_packages=(fonts-liberation fonts-dejavu-core icoutils xvfb xauth openbox)
 test_packages=(xdotool x11-utils binutils python3 librsvg2-bin g++-mingw-w64-x86-64-posix)
 # Runs what was built for Windows. Large: a test that misses it is skipped.
 optional_test_packages=(wine64)
-lint_packages=(clang-format clang-tidy git)
+lint_packages=(clang-format clang-tidy git python3)
 
 say() { printf '%s\n' "$*" >&2; }
 
