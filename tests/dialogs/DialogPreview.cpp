@@ -21,7 +21,7 @@
 #include <cstdio>
 
 // Draws the dialogs in their modes and states into a folder, at the usual size of text and larger:
-//   dialog_preview <folder> <folder of the plug-in> [style sheet...]
+//   dialog_preview <folder> <folder of the project> [style sheet...]
 
 namespace {
 
@@ -113,10 +113,11 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3) {
-        std::fprintf(stderr, "usage: dialog_preview <folder> <folder of the plug-in> [style sheet...]\n");
+        std::fprintf(stderr, "usage: dialog_preview <folder> <folder of the project> [style sheet...]\n");
         return 2;
     }
     const PluginFolder plugin(arguments[2]);
+    QDir::setSearchPaths("MainApp", {arguments[2] + "/build/dev/share/veltrano-gaming"});
     QApplication::setStyle("Fusion");
     QPalette palette;
     for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base})
