@@ -24,16 +24,21 @@ constexpr int LookInterval = 500;
 Journey::Journey(const QStringList& arguments)
     : m_arguments(QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments)
 {
-    QFile settings(dataFile(QStringLiteral("settings.json")));
-    if (settings.open(QFile::WriteOnly))
-        settings.write(R"({"settings": {"profiler": {"autoScannedForGames": true}}, "version": 1})");
-    settings.close();
+    writeSettings();
     start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
 }
 
 Journey::Journey(const QString& program, const QStringList& arguments, const QString& title)
 {
     start(program, arguments, title);
+}
+
+void Journey::writeSettings() const
+{
+    QFile settings(dataFile(QStringLiteral("settings.json")));
+    if (!settings.open(QIODevice::WriteOnly)
+        || settings.write(R"({"version": 1, "settings": {"profiler": {"autoScannedForGames": true}}})") < 0)
+        qFatal("can't write %s", qPrintable(settings.fileName()));
 }
 
 void Journey::start(const QString& program, const QStringList& arguments, const QString& title)
@@ -51,9 +56,10 @@ void Journey::start(const QString& program, const QStringList& arguments, const 
     const QString processId = QString::number(m_process.processId());
     std::ignore = QTest::qWaitFor(
         [&] {
-            m_window = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                   QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
-                           .section(QLatin1Char('\n'), 0, 0);
+            m_window =
+                xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+                            QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
+                    .section(QLatin1Char('\n'), 0, 0);
             return !m_window.isEmpty() || m_process.state() != QProcess::Running;
         },
         Patience);
@@ -141,8 +147,9 @@ void Journey::type(const QString& text)
 
 bool Journey::hasWindow(const QString& title) const
 {
-    return !xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                        QString::number(m_process.processId()), QStringLiteral("--name"), title})
+    return !xdotool(
+        {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+            QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), title})
                 .isEmpty();
 }
 

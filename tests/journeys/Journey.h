@@ -13,8 +13,8 @@
 class Journey
 {
 public:
-    /// Starts the application and waits for its window. Check isRunning() afterwards. It has been started
-    /// before: what is offered at the very first start is not.
+    /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for games
+    /// before, unless the arguments give it data of their own.
     explicit Journey(const QStringList& arguments = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
@@ -43,7 +43,9 @@ public:
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
-    /// Waits for a visible window whose title holds the text.
+    /// Whether there is a visible window whose title holds the text.
+    bool hasWindow(const QString& title) const;
+    /// Waits for one.
     bool waitForWindow(const QString& title);
     /// Waits until there is none.
     bool waitForNoWindow(const QString& title);
@@ -59,8 +61,8 @@ public:
     QString dataFile(const QString& name) const { return m_data.filePath(name); }
 
 private:
+    void writeSettings() const;
     void start(const QString& program, const QStringList& arguments, const QString& title);
-    bool hasWindow(const QString& title) const;
     static QString xdotool(const QStringList& arguments);
     /// What makes xdotool move the pointer there.
     QStringList moveCommand(const QPoint& point) const;
