@@ -35,7 +35,8 @@ struct ControlKey
 /// Records are kept as callers gave them; keys that this version does not know stay in them. What a document
 /// held that this version does not know stands in the members that end in "Extensions" or begin with
 /// "extension" and, inside records of commands, repeats and signatures, under the keys "extension_elements"
-/// (array of texts, one XML element each) and "extension_attributes" (object of texts).
+/// (array of texts, one XML element each), "extension_attributes" (object of texts) and "extension_parts"
+/// (object of such records, by element).
 struct Profile
 {
     /// The profile record without `macros` and `assignments`: `uid`, `name`, `description`, `target`,
@@ -55,6 +56,12 @@ struct Profile
     /// What a document says about an assignment beyond its known attributes: the assignment's `macrouid`,
     /// without which it would speak of another one, "extension_attributes" and "extension_elements".
     std::map<ControlKey, cJsonValue> assignmentExtensions;
+    /// The same of what controls held.
+    std::map<ControlKey, cJsonValue> backupExtensions;
+    /// What a document says beyond what is known about its root and the elements below the profile that hold
+    /// nothing but known parts, as under "extension_parts" of a record: "assignments" and "backup" by their
+    /// category, "pointer" by its model and so on.
+    cJsonValue partExtensions;
     /// By device model.
     std::map<QString, cPointerProperties> pointers;
     /// Elements of the document below the profile that this version does not know, as XML text, in their

@@ -123,5 +123,6 @@ bool operator==(const Profile& a, const Profile& b)
     return a.properties == b.properties && a.macros == b.macros && a.assignments == b.assignments
         && a.categories == b.categories && a.backup == b.backup && a.icon == b.icon
         && a.pointers == b.pointers && a.extensionElements == b.extensionElements
-        && a.extensionAttributes == b.extensionAttributes;
+        && a.extensionAttributes == b.extensionAttributes && a.assignmentExtensions == b.assignmentExtensions
+        && a.backupExtensions == b.backupExtensions && a.partExtensions == b.partExtensions;
 }
