@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "PluginLoader.h"
 #include "ScreenshotRun.h"
+#include "UnsavedProfiles.h"
 
 #include <cDevMgrService.h>
 #include <cECMAScriptMgrService.h>
@@ -51,8 +52,8 @@ HostApplication::~HostApplication()
     m_plugins.reset();
     m_help->unloadHelp();
     IServiceMgr::instance()->unsubscribe(EventSources::MainApp, m_profiles.get());
-    // The window that would tell of a failure is on its way out.
-    if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly())
+    // The user was asked when the window closed; this is for an end that came another way.
+    if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly() && !m_isEndAgreed)
         qCritical("Some profiles could not be saved");
     m_settings->flush();
     for (QObject* service : services())
@@ -122,6 +123,10 @@ void HostApplication::createWindow()
     connect(m_mainApp.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_profiles.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
+    m_window->setCloseGuard([this] {
+        m_isEndAgreed = UnsavedProfiles::settle(*m_profiles, m_window.get());
+        return m_isEndAgreed;
+    });
     connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
 }
 

@@ -57,6 +57,8 @@ private:
     void showLastDevice();
     QList<QObject*> services() const;
 
+    /// True once the user has said what becomes of profiles that can't be saved.
+    bool m_isEndAgreed = false;
     ApplicationPaths m_paths;
     CommandLine m_commandLine;
     // Destroyed from the last to the first.

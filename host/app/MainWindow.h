@@ -5,6 +5,8 @@
 #include <QList>
 #include <QWidget>
 
+#include <functional>
+
 class cDevMgrService;
 class cFeatureViewMgrService;
 class cHelpMgrService;
@@ -59,6 +61,9 @@ public:
     bool selectDevice(const QString& model) override;
     void showMessage(const QString& text) override;
 
+    /// Asked when the user closes the window, which stays open if the answer is false.
+    void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
+
     /// Opens the first view that suits the device; false if there is none or it can't be opened.
     bool openFirstView();
 
@@ -95,6 +100,7 @@ private:
     void placeStrip();
 
     MainWindowServices m_services;
+    std::function<bool()> m_closeGuard;
     QString m_deviceModel;
     QLabel* m_deviceName = nullptr;
     QLabel* m_status = nullptr;

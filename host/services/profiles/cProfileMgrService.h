@@ -84,6 +84,11 @@ public:
 
     /// True if changes are not saved, because another process holds the profiles or they can't be written to.
     bool isReadOnly() const { return m_store.isReadOnly(); }
+    /// Names of the profiles with changes that are not saved.
+    QStringList unsavedNames() const;
+    /// Writes these profiles into another folder as documents that can be imported; they stay unsaved here.
+    /// Returns what went wrong, for people; empty if nothing did.
+    QString saveElsewhere(const QString& folder) const { return m_store.writeUnwrittenTo(folder); }
 
     bool addProfile(const cJsonValue& profile) override;
     bool addProfile(

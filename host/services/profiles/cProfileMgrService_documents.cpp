@@ -3,12 +3,12 @@
 #include <IMainUI.h>
 #include <ProfileDocument.h>
 #include <ProfileIds.h>
+#include <WholeFile.h>
 
 #include <QDir>
 #include <QDomElement>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using namespace ProfileChanges;
 
@@ -37,7 +37,11 @@ void cProfileMgrService::importProfile(const QString& profilePath)
     } else if (document.size() > ProfileDocument::MaxSize) {
         reason = tr("it is larger than %1 MB").arg(ProfileDocument::MaxSize / 1024 / 1024);
     } else {
-        result = ProfileDocument::read(document.readAll(), macroTypes());
+        const QByteArray content = document.readAll();
+        if (document.error() == QFileDevice::NoError)
+            result = ProfileDocument::read(content, macroTypes());
+        else
+            result.error = document.errorString();
         reason = result.error;
         if (reason.isEmpty() && result.profiles.empty())
             reason = tr("it holds no profiles");
@@ -72,11 +76,16 @@ void cProfileMgrService::exportProfile(const QString& profileID, const QString& 
     const Profile* exported = profile(profileID);
     if (!exported)
         return;
-    const QByteArray document = ProfileDocument::write({*exported}, macroTypes());
-    QSaveFile file(profilePath);
-    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.commit()) {
+    QString reason;
+    if (m_store.holds(profilePath)) {
+        // It could be the document of another profile.
+        reason = tr("the application keeps its own profiles there");
+    } else {
+        WholeFile::write(profilePath, ProfileDocument::write({*exported}, macroTypes()), &reason);
+    }
+    if (!reason.isEmpty()) {
         Q_EMIT problem(tr("%1 was not exported to %2: %3.")
-                           .arg(exported->name(), QDir::toNativeSeparators(profilePath), file.errorString()));
+                           .arg(exported->name(), QDir::toNativeSeparators(profilePath), reason));
     }
 }
 
@@ -92,6 +101,14 @@ void cProfileMgrService::printProfile(const QString& profileID, const QString&, 
 bool cProfileMgrService::saveAllProfiles()
 {
     return m_store.writeNow();
+}
+
+QStringList cProfileMgrService::unsavedNames() const
+{
+    QStringList names;
+    for (const Profile* unsaved : m_store.unwritten())
+        names.append(unsaved->name());
+    return names;
 }
 
 bool cProfileMgrService::saveProfile(const QString& profileID)
