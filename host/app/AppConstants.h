@@ -32,6 +32,9 @@ inline constexpr int ViewIconSize = 32;
 /// The text in place of a picture.
 inline constexpr int NoticeTextSize = 16;
 
+/// Longer names in a menu are shortened.
+inline constexpr int MenuEntryMaxWidth = 320;
+
 /// From the edges of the canvas to the message strip.
 inline constexpr int StripMargin = 16;
 

@@ -2,6 +2,7 @@
 
 #include "MainWindow.h"
 #include "PluginLoader.h"
+#include "ProfileActions.h"
 #include "ScreenshotRun.h"
 #include "UnsavedProfiles.h"
 
@@ -62,6 +63,7 @@ HostApplication::~HostApplication()
     m_mainApp->setWindow(nullptr);
     m_featureViews->setWindow(nullptr);
     m_help->setWindow(nullptr);
+    m_profileActions.reset();
     m_window.reset();
 }
 
@@ -112,6 +114,7 @@ void HostApplication::createWindow()
 {
     m_window = std::make_unique<MainWindow>(
         MainWindowServices {*m_devices, *m_featureViews, *m_controller, *m_help, *m_mainApp});
+    m_profileActions = std::make_unique<ProfileActions>(*m_window, *m_profiles);
     m_plugins = std::make_unique<PluginLoader>();
     m_mainUI->setWindow(m_window.get());
     m_mainApp->setWindow(m_window.get());

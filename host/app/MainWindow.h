@@ -51,6 +51,8 @@ public:
     DeviceBar& deviceBar() { return *m_deviceBar; }
     MessageStrip& messageStrip() { return *m_strip; }
     QMenu& menu() { return *m_menu; }
+    /// The menu for undo and redo, which others fill.
+    QMenu& editMenu() { return *m_editMenu; }
 
     // IHostWindow
     QWidget* widget() override { return this; }
@@ -109,6 +111,7 @@ private:
     DeviceBar* m_deviceBar = nullptr;
     MessageStrip* m_strip = nullptr;
     QMenu* m_menu = nullptr;
+    QMenu* m_editMenu = nullptr;
     QMenu* m_deviceMenu = nullptr;
     QActionGroup* m_deviceActions = nullptr;
     /// Stands in front of the entries of the views.

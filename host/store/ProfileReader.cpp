@@ -137,7 +137,7 @@ private:
             Profile& profile = m_result.profiles.emplace_back();
             readProfile(profile);
             if (!root.isNull())
-                profile.partExtensions[Root] = root;
+                profile.extensions.parts[Root] = root;
         }
     }
 
@@ -151,7 +151,7 @@ private:
             else if (isOneOf(name, ProfileFlags))
                 profile.properties[name] = value == QLatin1String(True);
             else
-                profile.extensionAttributes[name] = value;
+                profile.extensions.attributes[name] = value;
         }
         while (nextChild())
             readProfileChild(profile);
@@ -161,7 +161,7 @@ private:
     {
         const QString name = m_xml.name().toString();
         const auto part = [&]() -> cJsonValue& {
-            return profile.partExtensions[name];
+            return profile.extensions.parts[name];
         };
         if (isOneOf(name, ProfileElements))
             profile.properties[name] = textAndAttributes(NoKeys, part);
@@ -173,15 +173,15 @@ private:
             readMacros(profile);
         else if (is(Assignments))
             profile.categories.insert(
-                readAssignments(profile, profile.assignments, profile.assignmentExtensions));
+                readAssignments(profile, profile.assignments, profile.extensions.assignments));
         else if (is(Backup))
-            readAssignments(profile, profile.backup, profile.backupExtensions);
+            readAssignments(profile, profile.backup, profile.extensions.backup);
         else if (is(Pointer))
             readPointer(profile);
         else if (is(Property))
-            readProperty(profile.properties, profile.partExtensions);
+            readProperty(profile.properties, profile.extensions.parts);
         else
-            profile.extensionElements.append(fragment());
+            profile.extensions.elements.append(fragment());
     }
 
     void readProperty(cJsonValue& record, cJsonValue& parts)
@@ -237,12 +237,12 @@ private:
 
     void readMacros(Profile& profile)
     {
-        keepAttributes(NoKeys, [&]() -> cJsonValue& { return profile.partExtensions[Macros]; });
+        keepAttributes(NoKeys, [&]() -> cJsonValue& { return profile.extensions.parts[Macros]; });
         while (nextChild()) {
             if (is(Macro))
                 readMacro(profile.macros.emplace_back());
             else
-                profile.extensionElements.append(element(Macros, {}, fragment()));
+                profile.extensions.elements.append(element(Macros, {}, fragment()));
         }
     }
 
@@ -367,14 +367,14 @@ private:
         const QString holder = m_xml.name().toString();
         const QString category = attribute(Category);
         keepAttributes(
-            CategoryKeys, [&]() -> cJsonValue& { return profile.partExtensions[holder][category]; });
+            CategoryKeys, [&]() -> cJsonValue& { return profile.extensions.parts[holder][category]; });
         while (nextChild()) {
             const std::optional<MKey::MKey_t> mode = ModeNames::parse(attribute(ShiftState));
             if (!is(Assignment) || !mode) {
                 // In a holder of its own, which behind the known elements is read like this again.
                 QXmlStreamAttributes attributes;
                 attributes.append(QLatin1String(Category), category);
-                profile.extensionElements.append(element(holder, attributes, fragment()));
+                profile.extensions.elements.append(element(holder, attributes, fragment()));
                 continue;
             }
             const ControlKey control {category, *mode, attribute(ContextId)};
@@ -401,7 +401,7 @@ private:
         pointer.dpi.defaultLevel = number(DefaultLevel);
         pointer.dpi.shiftLevel = number(ShiftLevel);
         const auto part = [&]() -> cJsonValue& {
-            return profile.partExtensions[Pointer][model];
+            return profile.extensions.parts[Pointer][model];
         };
         keepAttributes(PointerKeys, part);
         while (nextChild()) {

@@ -101,7 +101,7 @@ private:
     {
         cJsonValue root;
         for (const Profile& profile : profiles) {
-            const cJsonValue& attributes = profile.partExtensions[Root][ExtensionAttributes];
+            const cJsonValue& attributes = profile.extensions.parts[Root][ExtensionAttributes];
             for (const QString& name : HVS::jsonKeys(attributes)) {
                 if (!root[ExtensionAttributes].contains(name.toUtf8().constData()))
                     root[ExtensionAttributes][name] = attributes[name.toUtf8().constData()];
@@ -201,19 +201,19 @@ private:
             attributeUnlessEmpty(name, placedText(profile.properties, name, placed));
         for (const char* name : ProfileFlags)
             flagIfSet(name, profile.properties[name].toBool());
-        for (const auto& [name, value] : profile.extensionAttributes)
+        for (const auto& [name, value] : profile.extensions.attributes)
             m_xml.writeAttribute(name, value);
         for (const char* name : ProfileElements)
-            textElement(name, placedText(profile.properties, name, placed), profile.partExtensions[name]);
-        textElement(Icon, QString::fromLatin1(profile.icon.toBase64()), profile.partExtensions[Icon]);
+            textElement(name, placedText(profile.properties, name, placed), profile.extensions.parts[name]);
+        textElement(Icon, QString::fromLatin1(profile.icon.toBase64()), profile.extensions.parts[Icon]);
         writeSignatures(profile.properties[Signatures]);
         writeMacros(profile);
         writeAssignments(profile);
         writeBackup(profile);
         for (const auto& [model, pointer] : profile.pointers)
-            writePointer(model, pointer, profile.partExtensions[Pointer][model.toUtf8().constData()]);
-        writeProperties(profile.properties, placed, profile.partExtensions);
-        for (const QString& element : profile.extensionElements)
+            writePointer(model, pointer, profile.extensions.parts[Pointer][model.toUtf8().constData()]);
+        writeProperties(profile.properties, placed, profile.extensions.parts);
+        for (const QString& element : profile.extensions.elements)
             fragment(element);
         end();
     }
@@ -231,7 +231,7 @@ private:
 
     void writeMacros(const Profile& profile)
     {
-        const cJsonValue& extension = profile.partExtensions[Macros];
+        const cJsonValue& extension = profile.extensions.parts[Macros];
         if (profile.macros.empty() && extension.isNull())
             return;
         start(Macros);
@@ -346,8 +346,8 @@ private:
         categories.sort();
         categories.removeDuplicates();
         for (const QString& category : qAsConst(categories))
-            writeCategory(Assignments, category, profile.partExtensions[Assignments], profile.assignments,
-                profile.assignmentExtensions);
+            writeCategory(Assignments, category, profile.extensions.parts[Assignments], profile.assignments,
+                profile.extensions.assignments);
     }
 
     void writeBackup(const Profile& profile)
@@ -355,12 +355,12 @@ private:
         QStringList categories;
         for (const auto& entry : profile.backup)
             categories.append(entry.first.category);
-        categories += HVS::jsonKeys(profile.partExtensions[Backup]);
+        categories += HVS::jsonKeys(profile.extensions.parts[Backup]);
         categories.sort();
         categories.removeDuplicates();
         for (const QString& category : qAsConst(categories))
-            writeCategory(
-                Backup, category, profile.partExtensions[Backup], profile.backup, profile.backupExtensions);
+            writeCategory(Backup, category, profile.extensions.parts[Backup], profile.backup,
+                profile.extensions.backup);
     }
 
     void writePointer(const QString& model, const cPointerProperties& pointer, const cJsonValue& extension)

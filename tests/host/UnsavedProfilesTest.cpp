@@ -9,8 +9,8 @@
 #include <TestCase.h>
 
 #include <QDir>
-#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -127,11 +127,10 @@ void UnsavedProfilesTest::saveElsewhereWritesADocumentThere()
     QScopedPointer<DialogDriver> folderDriver;
     const DialogDriver driver([&](QDialog& dialog) {
         folderDriver.reset(new DialogDriver([&](QDialog& chooser) {
-            auto* const files = qobject_cast<QFileDialog*>(&chooser);
-            QVERIFY(files);
-            files->setDirectory(elsewhere);
-            files->selectFile(elsewhere);
-            QMetaObject::invokeMethod(files, "accept");
+            auto* const name = chooser.findChild<QLineEdit*>("fileNameEdit");
+            QVERIFY(name);
+            name->setText(elsewhere);
+            QMetaObject::invokeMethod(&chooser, "accept");
         }));
         QTest::mouseClick(buttonOf(dialog, "Save Elsewhere..."), Qt::LeftButton);
     });

@@ -34,6 +34,7 @@ cProfileMgrService::cProfileMgrService(
     , m_defaultDocument(defaultDocument)
     , m_surroundings(surroundings)
     , m_store(folder, macroTypes(), [this](const QString& profileId) { return m_book.find(profileId); })
+    , m_history([this](ProfileStep step) { return carryOut(std::move(step)); })
 {
     connect(&m_store, SIGNAL(problem(QString)), this, SIGNAL(problem(QString)));
 }
@@ -56,7 +57,7 @@ void cProfileMgrService::load()
         changes.emplace_back(InsertProfile {std::move(profile), isFirst ? 0 : -1});
     }
     // Nobody listens yet, and what was read need not be written.
-    m_book.apply({QString(), std::move(changes)});
+    m_book.apply({std::move(changes)});
     loadDefaultProfile();
     restoreRoles();
 }
@@ -80,7 +81,10 @@ void cProfileMgrService::loadDefaultProfile()
     profile.properties["uid"] = QString(FixedIds::DefaultProfile);
     if (profile.name().isEmpty())
         profile.properties["name"] = tr("Default Profile");
-    perform(QString(), {InsertProfile {std::move(profile), 0}});
+    Changes changes;
+    changes.emplace_back(InsertProfile {std::move(profile), 0});
+    carryOut({std::move(changes)});
+    publishWaiting();
 }
 
 void cProfileMgrService::restoreRoles()
@@ -93,9 +97,8 @@ void cProfileMgrService::restoreRoles()
     };
     const QString byDefault = idOr(stored(DefaultKey), FixedIds::DefaultProfile);
     const QString persistent = idOr(stored(PersistentKey), QString());
-    m_book.apply({QString(),
-        {SetRole {Role::Default, byDefault}, SetRole {Role::Persistent, persistent},
-            SetRole {Role::Current, chooseCurrent(persistent, byDefault)}}});
+    m_book.apply({{SetRole {Role::Default, byDefault}, SetRole {Role::Persistent, persistent},
+        SetRole {Role::Current, chooseCurrent(persistent, byDefault)}}});
 }
 
 void cProfileMgrService::storeRoles()
@@ -104,19 +107,6 @@ void cProfileMgrService::storeRoles()
         return;
     m_surroundings.settings->setPropertyString(DefaultKey, m_book.withRole(Role::Default));
     m_surroundings.settings->setPropertyString(PersistentKey, m_book.withRole(Role::Persistent));
-}
-
-bool cProfileMgrService::perform(const QString& text, Changes changes)
-{
-    const ProfileBook::Outcome outcome = m_book.apply({text, std::move(changes)});
-    for (const QString& profileId : outcome.touched)
-        m_store.markChanged(profileId);
-    if (outcome.rolesChanged)
-        storeRoles();
-    for (const ProfileEvent& event : outcome.events)
-        m_waiting.enqueue(event);
-    publishWaiting();
-    return !outcome.inverse.changes.empty();
 }
 
 void cProfileMgrService::publishWaiting()

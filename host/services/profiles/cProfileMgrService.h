@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ProfileHistory.h"
+
 #include <IProfileMgr.h>
 #include <ProfileBook.h>
 #include <ProfileStore.h>
@@ -19,10 +21,15 @@ class ISettings;
 
 /// The service "Profiler.ProfileMgr" over the profile store.
 ///
-/// Every change goes through perform(): it is one step of the ProfileBook, its profiles are marked for
+/// Every change goes through carryOut(): it is one step of the ProfileBook, its profiles are marked for
 /// writing, and then its events are published. A change that is made while events go out is in memory at
 /// once, and its events follow those that still wait, so that listeners hear of changes in the order in which
 /// they happened.
+///
+/// What perform() does can be undone and redone, with the same events as any change. Roles and the choice of
+/// the current profile are no steps of their own, but a profile that comes back has the roles again that it
+/// lost when it went, unless they were given to others since. Neither is a step what a view does while
+/// enableProfileBackup() is off: nobody asked for it.
 ///
 /// Rules that the operations' names leave open:
 ///
@@ -177,8 +184,11 @@ public:
     QStringList profileIDs() override;
 
     const ProfileBook& book() const { return m_book; }
+    const ProfileHistory& history() const { return m_history; }
 
 public Q_SLOTS:
+    void undo();
+    void redo();
     /// Event of "MainApp_Events": chooses the current profile.
     void onForegroundAppChange(const QString& appPath, quint32 processId);
 
@@ -189,8 +199,20 @@ Q_SIGNALS:
 private:
     using Changes = std::vector<ProfileChange>;
 
-    /// The one place where profiles change. False if nothing did.
-    bool perform(const QString& text, Changes changes);
+    /// Makes a step that can be undone. False if nothing changed.
+    bool perform(const StepName& name, Changes changes);
+    /// Changes roles.
+    void performUnnamed(Changes changes);
+    /// The one place where profiles change. Listeners are told by publishWaiting(). Returns the inverse.
+    ProfileStep carryOut(ProfileStep step);
+    /// The step with what has to go along: a profile that goes hands over its roles, a command that goes
+    /// leaves its controls.
+    ProfileStep completed(ProfileStep step);
+    void handOverRoles(const QSet<QString>& removedIds, Changes& changes);
+    /// Tells listeners of an undone or redone step, before which views showed that profile.
+    void publishTurn(const QString& shownId);
+    /// Id of the profile that views show.
+    QString shownProfileId() const;
     void publishWaiting();
     static void publish(const ProfileEvent& event);
     void storeRoles();
@@ -210,7 +232,7 @@ private:
     /// A name that neither another local profile nor the given ones have: the name, or that with a number.
     QString freeName(const QString& name, QSet<QString> taken = {}) const;
     /// Gives the profile a new id and adds it; empty if that did not work.
-    bool addCopy(Profile copy, const QString& text);
+    bool addCopy(Profile copy, const StepName& name);
     /// Who is current for these roles: the profile of the foreground application unless there is a persistent
     /// one, else the default one.
     QString chooseCurrent(const QString& persistent, const QString& byDefault) const;
@@ -236,8 +258,11 @@ private:
     Surroundings m_surroundings;
     ProfileBook m_book;
     ProfileStore m_store;
+    ProfileHistory m_history;
     QQueue<ProfileEvent> m_waiting;
     bool m_isPublishing = false;
+    /// True if the last step changed nothing but profiles whose backup is paused.
+    bool m_isSettingUp = false;
     /// Profiles whose backup is paused.
     QSet<QString> m_pausedBackups;
     /// The application in the foreground apart from this one.

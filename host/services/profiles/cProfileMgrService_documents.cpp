@@ -23,7 +23,7 @@ bool cProfileMgrService::addProfile(
     game.properties["name"] = displayName;
     game.properties["target"] = signature;
     // The database's own id, if it has one, may be there already from an earlier scan.
-    return addCopy(std::move(game), tr("Add Profile %1").arg(displayName));
+    return addCopy(std::move(game), {tr("Add Profile %1").arg(displayName), tr("Add %1 Profiles")});
 }
 
 void cProfileMgrService::importProfile(const QString& profilePath)
@@ -68,7 +68,7 @@ void cProfileMgrService::importProfile(const QString& profilePath)
         tidyMacros(imported);
         changes.emplace_back(InsertProfile {std::move(imported), -1});
     }
-    perform(tr("Import %1").arg(QFileInfo(profilePath).fileName()), changes);
+    perform({tr("Import %1").arg(QFileInfo(profilePath).fileName()), QString()}, changes);
 }
 
 void cProfileMgrService::exportProfile(const QString& profileID, const QString& profilePath)
