@@ -1,3 +1,4 @@
+#include "FullDisk.h"
 #include "RandomProfiles.h"
 
 #include <ProfileDocument.h>
@@ -9,9 +10,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
 
 namespace {
 
@@ -60,23 +59,6 @@ public:
     std::map<QString, Profile> profiles;
     ProfileStore store;
     QSignalSpy problems;
-};
-
-/// Lets no file of this process grow beyond a size while it lives, as a disk without room would.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t size)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit {size, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before {};
 };
 
 } // namespace
