@@ -85,11 +85,11 @@ ProfileHistory::ProfileHistory(CarryOut carryOut, QObject* parent)
 
 ProfileHistory::~ProfileHistory() = default;
 
-void ProfileHistory::openStep()
+int ProfileHistory::openStep()
 {
-    if (std::exchange(m_isOpen, true))
-        return;
-    QMetaObject::invokeMethod(this, "closeStep", Qt::QueuedConnection);
+    if (!std::exchange(m_isOpen, true))
+        QMetaObject::invokeMethod(this, "closeStep", Qt::QueuedConnection);
+    return m_step;
 }
 
 void ProfileHistory::closeStep()

@@ -25,6 +25,8 @@ public:
     explicit ProfileHistory(CarryOut carryOut, QObject* parent = nullptr);
     ~ProfileHistory() override;
 
+    /// What is done from now to the return to the event loop is one step, whose number this is.
+    int openStep();
     /// Notes a step that was carried out. What can be redone is forgotten.
     void record(const StepName& name, ProfileStep inverse);
     /// Notes what is no step of its own, but is undone with a step that comes in the same turn of the event
@@ -53,7 +55,6 @@ public Q_SLOTS:
 private:
     class Command;
 
-    void openStep();
     void run(void (QUndoStack::*direction)(), const std::function<void()>& tell);
 
     CarryOut m_carryOut;

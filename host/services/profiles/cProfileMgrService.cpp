@@ -7,7 +7,9 @@
 #include <ISettings.h>
 #include <ProfileDocument.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +21,11 @@ namespace {
 /// Where the settings keep the roles.
 const QLatin1String DefaultKey("profiles/default");
 const QLatin1String PersistentKey("profiles/persistent");
+
+/// Folder of the backups, beside that of the profiles.
+const QLatin1String BackupsFolder("backups");
+/// How often it is looked whether a new day has begun, in milliseconds.
+constexpr int DailyCheckTime = 15 * 60 * 1000;
 
 template<typename T>
 QGenericArgument tagged(const char* type, const T& value)
@@ -35,7 +42,9 @@ cProfileMgrService::cProfileMgrService(
     , m_surroundings(surroundings)
     , m_store(folder, macroTypes(), [this](const QString& profileId) { return m_book.find(profileId); })
     , m_history([this](ProfileStep step) { return carryOut(std::move(step)); })
+    , m_backups(QDir(QFileInfo(folder).absolutePath()).filePath(BackupsFolder), folder, macroTypes())
 {
+    connect(&m_dailyTimer, SIGNAL(timeout()), this, SLOT(backUpDaily()));
     connect(&m_store, SIGNAL(problem(QString)), this, SIGNAL(problem(QString)));
 }
 
@@ -43,6 +52,7 @@ cProfileMgrService::~cProfileMgrService() = default;
 
 void cProfileMgrService::load()
 {
+    backUpBeforeAnUpgrade();
     std::vector<Profile> profiles = m_store.readAll();
     const auto isBefore = [](const Profile& a, const Profile& b) {
         if (const int order = a.name().localeAwareCompare(b.name()); order != 0)
@@ -60,6 +70,8 @@ void cProfileMgrService::load()
     m_book.apply({std::move(changes)});
     loadDefaultProfile();
     restoreRoles();
+    backUpDaily();
+    m_dailyTimer.start(DailyCheckTime);
 }
 
 void cProfileMgrService::loadDefaultProfile()

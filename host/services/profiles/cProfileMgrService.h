@@ -3,6 +3,7 @@
 #include "ProfileHistory.h"
 
 #include <IProfileMgr.h>
+#include <ProfileBackups.h>
 #include <ProfileBook.h>
 #include <ProfileStore.h>
 
@@ -10,7 +11,9 @@
 #include <QSet>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -60,6 +63,14 @@ class ISettings;
 /// Profiles go out as records with their commands and assignments from getProfileByID() and its like;
 /// profiles() leaves these two out, since callers walk the list for names and ids.
 ///
+/// Import: what a file holds is shown by the review, if there is one. A profile whose id or name is there
+/// already is asked about; without anybody to ask it comes in beside the other one, with an id and a name of
+/// its own.
+///
+/// Backups of all documents stand beside the folder of profiles. One is made each day, and one before
+/// profiles go, come in from a file or out of a backup, and before another version of the application reads
+/// them for the first time.
+///
 /// The current profile is what keys play: the persistent one if there is one, else the one whose target is
 /// the foreground application, else the default one. A profile with `lock` stays current until the process
 /// that made it so ends. testProfile() and activateNextProfile() override all that until an application with
@@ -79,6 +90,20 @@ public:
         IDevMgr* devices = nullptr;
         IMainUI* mainUI = nullptr;
     };
+
+    /// What a file holds that is to be imported.
+    struct ImportFile
+    {
+        QString path;
+        std::vector<Profile> profiles;
+        /// Why it can't be read, for people.
+        QString problem;
+    };
+    /// Shows files before anything changes and takes out what is not to come in. False for nothing at all.
+    using ImportReview = std::function<bool(std::vector<ImportFile>& files)>;
+
+    /// How a profile of a file or of a backup relates to the profiles that there are.
+    enum class Presence { New, Same, Different, NameTaken };
 
     /// `folder` holds the documents; `defaultDocument` is the path of the document that a fresh start begins
     /// with.
@@ -186,6 +211,16 @@ public:
     const ProfileBook& book() const { return m_book; }
     const ProfileHistory& history() const { return m_history; }
 
+    void setImportReview(ImportReview review) { m_importReview = std::move(review); }
+    /// Imports several files in one step.
+    void importProfiles(const QStringList& paths);
+    Presence presenceOf(const Profile& other) const;
+
+    const ProfileBackups& backups() const { return m_backups; }
+    /// Makes profiles what they are in documents of a backup; those that are gone come back. One step.
+    /// Returns how many changed.
+    int bringBack(const QString& backup, const QStringList& documents);
+
 public Q_SLOTS:
     void undo();
     void redo();
@@ -196,8 +231,12 @@ Q_SIGNALS:
     /// Something that the user has to know, in words.
     void problem(const QString& text);
 
+private Q_SLOTS:
+    void backUpDaily();
+
 private:
     using Changes = std::vector<ProfileChange>;
+    class Import;
 
     /// Makes a step that can be undone. False if nothing changed.
     bool perform(const StepName& name, Changes changes);
@@ -209,6 +248,10 @@ private:
     /// leaves its controls.
     ProfileStep completed(ProfileStep step);
     void handOverRoles(const QSet<QString>& removedIds, Changes& changes);
+    /// Copies all documents, once in a step. A failure is told and stops nothing.
+    void backUp(ProfileBackups::Reason reason, const QString& note);
+    void backUpBeforeAnUpgrade();
+    ImportFile readImport(const QString& path) const;
     /// Tells listeners of an undone or redone step, before which views showed that profile.
     void publishTurn(const QString& shownId);
     /// Id of the profile that views show.
@@ -230,7 +273,9 @@ private:
     /// Gives an id of its own to each command that lacks one.
     static void tidyMacros(Profile& profile);
     /// A name that neither another local profile nor the given ones have: the name, or that with a number.
-    QString freeName(const QString& name, QSet<QString> taken = {}) const;
+    QString freeName(const QString& name, QSet<QString> taken = {}, const QString& exceptId = {}) const;
+    /// The local profile of that name; null for none.
+    const Profile* withName(const QString& name) const;
     /// Gives the profile a new id and adds it; empty if that did not work.
     bool addCopy(Profile copy, const StepName& name);
     /// Who is current for these roles: the profile of the foreground application unless there is a persistent
@@ -259,6 +304,13 @@ private:
     ProfileBook m_book;
     ProfileStore m_store;
     ProfileHistory m_history;
+    ProfileBackups m_backups;
+    QTimer m_dailyTimer;
+    /// The step before which a backup was made last.
+    int m_backedUpStep = -1;
+    /// The failure that was told last.
+    QString m_backupFailure;
+    ImportReview m_importReview;
     QQueue<ProfileEvent> m_waiting;
     bool m_isPublishing = false;
     /// True if the last step changed nothing but profiles whose backup is paused.

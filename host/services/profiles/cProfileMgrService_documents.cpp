@@ -26,51 +26,6 @@ bool cProfileMgrService::addProfile(
     return addCopy(std::move(game), {tr("Add Profile %1").arg(displayName), tr("Add %1 Profiles")});
 }
 
-void cProfileMgrService::importProfile(const QString& profilePath)
-{
-    const QString file = QDir::toNativeSeparators(profilePath);
-    QFile document(profilePath);
-    QString reason;
-    ProfileDocument::ReadResult result;
-    if (!QFileInfo(profilePath).isFile() || !document.open(QIODevice::ReadOnly)) {
-        reason = tr("it can't be opened");
-    } else if (document.size() > ProfileDocument::MaxSize) {
-        reason = tr("it is larger than %1 MB").arg(ProfileDocument::MaxSize / 1024 / 1024);
-    } else {
-        const QByteArray content = document.readAll();
-        if (document.error() == QFileDevice::NoError)
-            result = ProfileDocument::read(content, macroTypes());
-        else
-            result.error = document.errorString();
-        reason = result.error;
-        if (reason.isEmpty() && result.profiles.empty())
-            reason = tr("it holds no profiles");
-    }
-    if (!reason.isEmpty()) {
-        Q_EMIT problem(tr("%1 was not imported: %2.").arg(file, reason));
-        return;
-    }
-    Changes changes;
-    QSet<QString> ids;
-    QSet<QString> names;
-    for (Profile& imported : result.profiles) {
-        // What is there stays: a profile of the same id comes in beside it.
-        const QString id = imported.uid().toUpper();
-        if (id.isEmpty() || profile(id) || ids.contains(id))
-            imported.properties["uid"] = ProfileIds::newUid();
-        ids.insert(imported.uid().toUpper());
-        const QString name = imported.name();
-        imported.properties["name"] =
-            freeName(name.isEmpty() ? QFileInfo(profilePath).completeBaseName() : name, names);
-        names.insert(imported.name());
-        // It comes to this computer, wherever it was before.
-        imported.properties.deleteKey(QStringLiteral("deviceid"));
-        tidyMacros(imported);
-        changes.emplace_back(InsertProfile {std::move(imported), -1});
-    }
-    perform({tr("Import %1").arg(QFileInfo(profilePath).fileName()), QString()}, changes);
-}
-
 void cProfileMgrService::exportProfile(const QString& profileID, const QString& profilePath)
 {
     const Profile* exported = profile(profileID);

@@ -95,10 +95,19 @@ Profile cProfileMgrService::profileOf(const cJsonValue& record)
     return profile;
 }
 
-QString cProfileMgrService::freeName(const QString& name, QSet<QString> taken) const
+const Profile* cProfileMgrService::withName(const QString& name) const
 {
     for (const QString& id : m_book.ids()) {
-        if (isLocal(*profile(id)))
+        if (isLocal(*profile(id)) && profile(id)->name() == name)
+            return profile(id);
+    }
+    return nullptr;
+}
+
+QString cProfileMgrService::freeName(const QString& name, QSet<QString> taken, const QString& exceptId) const
+{
+    for (const QString& id : m_book.ids()) {
+        if (isLocal(*profile(id)) && !isSame(id, exceptId))
             taken.insert(profile(id)->name());
     }
     QString candidate = name;

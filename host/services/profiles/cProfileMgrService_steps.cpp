@@ -49,16 +49,21 @@ ProfileStep cProfileMgrService::completed(ProfileStep step)
 {
     Changes first;
     QSet<QString> removedIds;
+    QStringList removedNames;
     for (const ProfileChange& change : step.changes) {
         if (const auto* removal = std::get_if<RemoveMacro>(&change)) {
             for (const ControlKey& control : m_book.controlsOf(removal->profileId, removal->macroId))
                 first.emplace_back(SetAssignment {removal->profileId, control, QString()});
         } else if (const auto* leaving = std::get_if<RemoveProfile>(&change)) {
             removedIds.insert(leaving->profileId.toUpper());
+            if (const Profile* doomed = profile(leaving->profileId))
+                removedNames.append(doomed->name());
         }
     }
-    if (!removedIds.isEmpty())
+    if (!removedNames.isEmpty()) {
+        backUp(ProfileBackups::Reason::Deletion, removedNames.join(QLatin1String(", ")));
         handOverRoles(removedIds, first);
+    }
     step.changes.insert(
         step.changes.begin(), std::make_move_iterator(first.begin()), std::make_move_iterator(first.end()));
     return step;
