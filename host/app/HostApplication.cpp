@@ -114,7 +114,7 @@ void HostApplication::createWindow()
 {
     m_window = std::make_unique<MainWindow>(
         MainWindowServices {*m_devices, *m_featureViews, *m_controller, *m_help, *m_mainApp});
-    m_profileActions = std::make_unique<ProfileActions>(*m_window, *m_profiles);
+    m_profileActions = std::make_unique<ProfileActions>(*m_window, *m_profiles, *m_settings);
     m_plugins = std::make_unique<PluginLoader>();
     m_mainUI->setWindow(m_window.get());
     m_mainApp->setWindow(m_window.get());

@@ -53,6 +53,8 @@ public:
     QMenu& menu() { return *m_menu; }
     /// The menu for undo and redo, which others fill.
     QMenu& editMenu() { return *m_editMenu; }
+    /// Adds an entry to the section of the menu for the user's data.
+    void addDataEntry(QAction* action);
 
     // IHostWindow
     QWidget* widget() override { return this; }
@@ -117,5 +119,6 @@ private:
     /// Stands in front of the entries of the views.
     QAction* m_viewSection = nullptr;
     QAction* m_viewSectionEnd = nullptr;
+    QAction* m_dataSectionEnd = nullptr;
     QList<QAction*> m_viewActions;
 };

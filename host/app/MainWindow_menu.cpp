@@ -113,10 +113,17 @@ void MainWindow::createMenu()
     connect(m_deviceActions, SIGNAL(triggered(QAction*)), this, SLOT(onDeviceAction(QAction*)));
     m_viewSection = m_menu->addSeparator();
     m_viewSectionEnd = m_menu->addSeparator();
+    m_dataSectionEnd = m_menu->addSeparator();
     addEntry(tr("&Help Contents"), QKeySequence(Qt::Key_F1), SLOT(onHelp()));
     addEntry(tr("&About %1").arg(QCoreApplication::applicationName()), QKeySequence(), SLOT(onAbout()));
     m_menu->addSeparator();
     addEntry(tr("&Quit"), QKeySequence(Qt::CTRL + Qt::Key_Q), SLOT(close()));
+}
+
+void MainWindow::addDataEntry(QAction* action)
+{
+    m_menu->insertAction(m_dataSectionEnd, action);
+    addAction(action);
 }
 
 void MainWindow::rebuildDeviceActions()

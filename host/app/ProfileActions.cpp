@@ -1,27 +1,44 @@
 #include "ProfileActions.h"
 
 #include "AppConstants.h"
+#include "BackupsDialog.h"
+#include "ImportDialog.h"
 #include "MainWindow.h"
 #include "MenuText.h"
 
 #include <cProfileMgrService.h>
+#include <ISettings.h>
+#include <SettingsKeys.h>
 
 #include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QMenu>
+#include <QPointer>
+#include <QStandardPaths>
 
 using namespace AppConstants;
 
-ProfileActions::ProfileActions(MainWindow& window, cProfileMgrService& profiles)
+ProfileActions::ProfileActions(MainWindow& window, cProfileMgrService& profiles, ISettings& settings)
     : m_window(window)
     , m_profiles(profiles)
+    , m_settings(settings)
 {
     createHistoryActions();
+    createDataActions();
+    // Also for imports that a plug-in asks for.
+    m_profiles.setImportReview([this](std::vector<cProfileMgrService::ImportFile>& files) {
+        return ImportDialog::review(m_profiles, files, &m_window);
+    });
     connect(&m_profiles.history(), SIGNAL(changed()), this, SLOT(onHistoryChanged()));
     onHistoryChanged();
 }
 
-ProfileActions::~ProfileActions() = default;
+ProfileActions::~ProfileActions()
+{
+    m_profiles.setImportReview(nullptr);
+}
 
 void ProfileActions::createHistoryActions()
 {
@@ -37,6 +54,37 @@ void ProfileActions::createHistoryActions()
     m_undo = add({QKeySequence(Qt::CTRL + Qt::Key_Z)}, SLOT(undo()));
     m_redo = add(
         {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)}, SLOT(redo()));
+}
+
+void ProfileActions::createDataActions()
+{
+    const auto add = [this](const QString& text, const QKeySequence& shortcut, const char* slot) {
+        auto* const action = new QAction(text, this);
+        action->setShortcut(shortcut);
+        connect(action, SIGNAL(triggered()), this, slot);
+        m_window.addDataEntry(action);
+    };
+    add(tr("&Import Profiles..."), QKeySequence(Qt::CTRL + Qt::Key_I), SLOT(onImport()));
+    add(tr("&Backups..."), QKeySequence(Qt::CTRL + Qt::Key_B), SLOT(onBackups()));
+}
+
+void ProfileActions::onImport()
+{
+    const QString start = m_settings.getPropertyString(
+        SettingsKeys::LastImportDir, QStandardPaths::writableLocation(QStandardPaths::DesktopLocation));
+    const QStringList paths = QFileDialog::getOpenFileNames(&m_window, tr("Import Profiles"), start,
+        tr("Game Profiles (*.lgp *.xml)") + QLatin1String(";;") + tr("All Files (*)"));
+    if (paths.isEmpty())
+        return;
+    m_settings.setPropertyString(SettingsKeys::LastImportDir, QFileInfo(paths.first()).absolutePath());
+    m_profiles.importProfiles(paths);
+}
+
+void ProfileActions::onBackups()
+{
+    const QPointer<BackupsDialog> dialog = new BackupsDialog(m_profiles, &m_window);
+    dialog->exec();
+    delete dialog;
 }
 
 void ProfileActions::onHistoryChanged()

@@ -85,7 +85,7 @@ QString ProfileBackups::text(Reason reason)
 {
     switch (reason) {
     case Reason::Daily:
-        return translated("Of the day");
+        return translated("Daily");
     case Reason::Import:
         return translated("Before an import");
     case Reason::Deletion:
@@ -93,7 +93,7 @@ QString ProfileBackups::text(Reason reason)
     case Reason::Upgrade:
         return translated("Before an upgrade");
     case Reason::Restore:
-        return translated("Before a backup was brought back");
+        return translated("Before a restore");
     }
     return QString();
 }
@@ -206,7 +206,7 @@ ProfileBackups::Manifest ProfileBackups::readManifest(const QString& name) const
         readWhole(path(name) + QLatin1Char('/') + ManifestName, MaxManifestSize, error);
     cJsonValue content;
     if (!text || !HVS::fromJsonText(*text, content, &error)) {
-        backup.problem = translated("its list of contents can't be read: %1").arg(error);
+        backup.problem = translated("its list of contents can't be read");
         return manifest;
     }
     const cJsonValue& record = content;

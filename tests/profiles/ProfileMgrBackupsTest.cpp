@@ -59,7 +59,7 @@ private:
 
 void ProfileMgrBackupsTest::startMakesTheBackupOfTheDay()
 {
-    QCOMPARE(reasons(), QStringList("Of the day: "));
+    QCOMPARE(reasons(), QStringList("Daily: "));
     QCOMPARE(service().backups().read(list().front().name).front().profile->uid(), Default);
 }
 
@@ -197,7 +197,7 @@ void ProfileMgrBackupsTest::deletedProfileIsBroughtBack()
     QCOMPARE(events().take(), QStringList("ProfileAdded " + P));
     QCOMPARE(text(P), before);
     QCOMPARE(service().history().undoName(), QString("Bring Back Profile Game"));
-    QCOMPARE(reasons().first(), QString("Before a backup was brought back: Game"));
+    QCOMPARE(reasons().first(), QString("Before a restore: Game"));
     service().undo();
     QVERIFY(profiles().getProfileByID(P).isNull());
     service().redo();
