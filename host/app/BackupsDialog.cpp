@@ -1,10 +1,10 @@
 #include "BackupsDialog.h"
 
 #include "AppConstants.h"
-#include "DialogParts.h"
 #include "ProfileTable.h"
 
 #include <cProfileMgrService.h>
+#include <DialogParts.h>
 
 #include <QDir>
 #include <QHBoxLayout>

@@ -1,8 +1,9 @@
 #include "ImportDialog.h"
 
 #include "AppConstants.h"
-#include "DialogParts.h"
 #include "ProfileTable.h"
+
+#include <DialogParts.h>
 
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -20,7 +21,7 @@ ImportDialog::ImportDialog(
     cProfileMgrService& profiles, const std::vector<cProfileMgrService::ImportFile>& files, QWidget* parent)
     : QDialog(parent, DialogParts::Flags)
 {
-    DialogParts::prepare(*this, tr("Import Profiles"));
+    DialogParts::prepare(*this, tr("Profiles to Import"));
     m_table = new ProfileTable(profiles);
     m_table->addColumn(tr("File"));
     for (int i = 0; i < int(files.size()); ++i) {

@@ -23,6 +23,8 @@ public:
     void click(const QPoint& point);
     /// A key or a chord in xdotool's names, as in "ctrl+q".
     void key(const QString& chord);
+    /// Characters, one key after the other.
+    void type(const QString& text);
 
     /// What the window shows now.
     QImage picture() const;
