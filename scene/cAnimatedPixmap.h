@@ -12,6 +12,7 @@
 class cAnimatedPixmap : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_DISABLE_COPY(cAnimatedPixmap)
     Q_PROPERTY(qreal opacity READ opacity WRITE setOpacity)
 

@@ -21,6 +21,7 @@
 class cGraphicsButton : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     // Here for QPropertyAnimation.
     Q_PROPERTY(qreal opacity READ opacity WRITE setOpacity)
     Q_DISABLE_COPY(cGraphicsButton)

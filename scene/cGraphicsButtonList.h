@@ -21,6 +21,7 @@ class cGraphicsButton;
 class cGraphicsButtonList : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_DISABLE_COPY(cGraphicsButtonList)
     Q_PROPERTY(QPointF pos READ pos WRITE setPos)
 

@@ -16,6 +16,7 @@ class QPropertyAnimation;
 class cGraphicsItem : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_DISABLE_COPY(cGraphicsItem)
     Q_PROPERTY(qreal scale READ scale WRITE setScale)
 

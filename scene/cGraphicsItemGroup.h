@@ -15,6 +15,7 @@ class cGraphicsItem;
 class cGraphicsItemGroup : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_DISABLE_COPY(cGraphicsItemGroup)
 
 public:

@@ -16,6 +16,7 @@ class QLinearGradient;
 class cGraphicsRibbonButton : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_DISABLE_COPY(cGraphicsRibbonButton)
 
 public:

@@ -18,6 +18,7 @@
 class cPanel : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_PROPERTY(QPointF pos READ pos WRITE setPos)
     Q_PROPERTY(QSizeF size READ panelSize WRITE setSize)
     Q_DISABLE_COPY(cPanel)

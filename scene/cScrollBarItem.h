@@ -17,6 +17,7 @@ class QPropertyAnimation;
 class cScrollBarItem : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_DISABLE_COPY(cScrollBarItem)
     Q_PROPERTY(qreal opacity READ opacity WRITE setOpacity)
 

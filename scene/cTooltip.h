@@ -12,6 +12,7 @@ class QTimer;
 class cTooltip : public QObject, public QGraphicsItem
 {
     Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
     Q_DISABLE_COPY(cTooltip)
 
 public:

@@ -4,8 +4,9 @@ project_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # Debian packages by purpose.
 build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libxcb1-dev nlohmann-json3-dev)
-# Fonts for the window, icons out of Windows executables, and a display where the machine has none.
-run_packages=(fonts-liberation icoutils xvfb xauth openbox)
+# Fonts for the window (the second for scripts that the first lacks, such as Hebrew), icons out of Windows executables, and
+# a display where the machine has none.
+run_packages=(fonts-liberation fonts-dejavu-core icoutils xvfb xauth openbox)
 # binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources.
 test_packages=(xdotool x11-utils binutils python3 librsvg2-bin)
 lint_packages=(clang-format clang-tidy git)

@@ -13,11 +13,13 @@
 #include <QStringList>
 
 class cAnimatedPixmapWidget;
+class cGraphicsItem;
 class cGraphicsItemGroup;
 class cGraphicsText;
 class cMacroList;
 class cPanel;
 class cProfileBar;
+class cProfiler;
 class cProfileTrashcanGraphicsItem;
 class cPulseGlowImage;
 class cScalablePixmap;
@@ -47,8 +49,8 @@ public:
     cMacroBindingView();
     ~cMacroBindingView() override;
 
-    /// The view of the process, made at the first call. It is not made again: once the plug-in has deleted
-    /// the view, the pointer leads nowhere and this must not be called.
+    /// The view of the process, made at the first call unless somebody has made it by then. Not to be called
+    /// once the plug-in has deleted the view: that would make another one.
     static cMacroBindingView* instance();
 
     /// False, with nothing changed, if the canvas is null or has no scene.
@@ -135,11 +137,72 @@ protected Q_SLOTS:
 private:
     Q_DISABLE_COPY(cMacroBindingView)
 
+    enum class PaneMovement { Enter, Exit };
+
+    // The steps of onDeviceTransformEnd(), in their order.
+    void subscribeToDeviceEvents();
+    void readDeviceFacts(const cJsonValue& metadata, cProfiler& profiler);
+    void createHotspots(const cJsonValue& metadata);
+    void createCommandFrame();
+    void createSyncButton();
+    void createNewCommandButton();
+    void createMacroList();
+    void createProfileBar();
+    void createProfileFrames();
+    void createHintText();
+    void placeProfileBar();
+    void createStickOverlay(const cJsonValue& metadata);
+    void createModeButtons(const cJsonValue& metadata, cProfiler& profiler);
+    void createPulseGlows(const cJsonValue& metadata);
+    /// The first start's step: has onAutoScanForGames() called in a moment, unless that has been done before.
+    void offerGameScan();
+    void createTrashcan();
+    void showFrames();
+
+    /// A key as one element of the record's `hotspots` describes it, connected with the view.
+    void createHotspot(const cJsonValue& control);
     /// Deletes what onDeviceTransformEnd() made and ends its subscriptions. Harmless when repeated.
     void removeScene();
+    /// Null if the scene went before the view.
+    QGraphicsRectItem* rootItem() const { return m_scene.isNull() ? nullptr : m_rootItem; }
+
+    /// Rebuilds all labels for the shown profile, category and mode.
+    void refreshAssignments();
+    /// Puts the generic commands that the manifest requires onto the keys of a profile that has never been
+    /// seen on this kind of device.
+    void assignRequiredGenericMacros();
+    void clearLabels();
+    /// Makes the label of a key and tells the key its command. Without such a key there is no label.
+    void addLabel(const QString& macroID, const QString& text, const QString& contextID);
+    void removeLabel(const QString& contextID);
+    void setLabelsSelected(const cJsonValue& macro, bool selected);
+    /// True if the event is about the profile, the category and the mode that the picture shows.
+    bool isShown(const QString& profileID, const QString& category, MKey::MKey_t mode) const;
+
+    void openMacroEditor(const cJsonValue& macro);
+    /// Makes the command's row current and the only selected one; a command without a row clears the
+    /// selection.
+    void selectMacroRow(const QString& macroID);
+    void useGenericMacro(const QString& profileID, const Gkey& key);
+
+    /// Sorts the command list by a cListWidgetItem::SortMode, and its commands to come.
+    void sortMacros(int sortMode, Qt::SortOrder order);
+
+    void setSyncButtonEnabled(bool on);
+    /// Offers to write the profile to the device to which it is bound.
+    void refreshSyncButton();
+    /// The mode button that pulsates while the pointer is on no panel; null if there is none.
+    cGraphicsItem* selectedModeButton() const;
+
+    /// Makes what is missing, unless the main window is closing.
+    void ensurePanesAndMask();
+    void createMask(QGraphicsScene& scene);
+    void movePanesAndMask(PaneMovement movement);
+    void removePanesAndMask();
 
     // The pointers are null until the scene is built. "Host's" are not ours; all others are deleted in
-    // deinit() unless a line says otherwise.
+    // deinit() unless a line says otherwise. The guarded ones become null when the host deletes the canvas or
+    // its scene, which takes widgets and items along.
 
     /// The host's.
     QPointer<QGraphicsView> m_canvas;
@@ -147,23 +210,24 @@ private:
     QGraphicsRectItem* m_rootItem = nullptr;
     QPointer<QFrame> m_commandFrame;
     cGraphicsText* m_hintText = nullptr;
-    QList<cPulseGlowImage*> m_pulseGlows;
-    cMacroList* m_macroList = nullptr;
+    QList<QPointer<cPulseGlowImage>> m_pulseGlows;
+    QPointer<cMacroList> m_macroList;
     /// The key of every assignment call that the interfaces call "devicemodal".
     QString m_deviceCategory;
     /// Context ids of all hotspots in the order of the manifest.
     QStringList m_controlIds;
     /// The mode that the picture shows.
     MKey::MKey_t m_currentMState = MKey::MKey_t(0);
-    QMap<QString, Gkey*> m_hotspots;
+    /// By context id.
+    QMap<QString, QPointer<Gkey>> m_hotspots;
     /// By context id, for the keys that hold a command.
-    QMap<QString, MagnetTextItem*> m_labels;
+    QMap<QString, QPointer<MagnetTextItem>> m_labels;
     /// The profile whose assignments are shown.
     QString m_profileId;
     /// The mode buttons; null on a device without modes.
-    cGraphicsItemGroup* m_mStateGroup = nullptr;
+    QPointer<cGraphicsItemGroup> m_mStateGroup;
     /// A child of m_rootItem.
-    cTooltip* m_tooltip = nullptr;
+    QPointer<cTooltip> m_tooltip;
     bool m_sceneBuilt = false;
     QString m_deviceModel;
     cJsonValue m_metadata;
@@ -171,22 +235,22 @@ private:
     QPointer<QFrame> m_profileSearchFrame;
     bool m_inForeground = true;
     // The panes, the mask and their animations outlive deinit() by the length of the exit.
-    QPropertyAnimation* m_commandPaneAnimation = nullptr;
-    QPropertyAnimation* m_profilePaneAnimation = nullptr;
-    QPropertyAnimation* m_maskAnimation = nullptr;
-    cScalablePixmap* m_maskItem = nullptr;
-    cPanel* m_profilePanel = nullptr;
-    cPanel* m_commandPanel = nullptr;
+    QPointer<QPropertyAnimation> m_commandPaneAnimation;
+    QPointer<QPropertyAnimation> m_profilePaneAnimation;
+    QPointer<QPropertyAnimation> m_maskAnimation;
+    QPointer<cScalablePixmap> m_maskItem;
+    QPointer<cPanel> m_profilePanel;
+    QPointer<cPanel> m_commandPanel;
     bool m_mainWindowClosing = false;
     bool m_leaving = false;
     /// A child of m_profilePanel.
-    cProfileBar* m_profileBar = nullptr;
+    QPointer<cProfileBar> m_profileBar;
     /// A child of m_rootItem.
-    cProfileTrashcanGraphicsItem* m_trashcan = nullptr;
+    QPointer<cProfileTrashcanGraphicsItem> m_trashcan;
     /// The device to which the current profile is bound, or empty.
     QString m_profilesToGoDeviceId;
     /// A child of m_commandFrame.
-    cAnimatedPixmapWidget* m_syncButton = nullptr;
+    QPointer<cAnimatedPixmapWidget> m_syncButton;
     /// The host's: the scene that holds the items since init(). A host that deletes it early deletes the
     /// items with it.
     QPointer<QGraphicsScene> m_scene;

@@ -1,0 +1,6 @@
+#include "SystemVersion.h"
+
+bool SystemVersion::isWindows7()
+{
+    return false;
+}
