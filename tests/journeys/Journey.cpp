@@ -18,8 +18,13 @@ constexpr int Patience = 20000;
 
 } // namespace
 
-Journey::Journey(const QStringList& arguments)
+Journey::Journey(const QStringList& arguments, const QMap<QString, QByteArray>& files)
 {
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        QFile written(dataFile(file.key()));
+        if (!written.open(QIODevice::WriteOnly) || written.write(file.value()) != file.value().size())
+            return;
+    }
     start(QStringLiteral(JOURNEY_APPLICATION),
         QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
 }
@@ -76,16 +81,16 @@ void Journey::click(const QPoint& point)
         QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
 }
 
+bool Journey::hasWindow(const QString& title) const
+{
+    return !xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
+                        QString::number(m_process.processId()), QStringLiteral("--name"), title})
+                .isEmpty();
+}
+
 bool Journey::waitForWindow(const QString& title)
 {
-    return QTest::qWaitFor(
-        [&] {
-            return !xdotool(
-                {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                    QString::number(m_process.processId()), QStringLiteral("--name"), title})
-                        .isEmpty();
-        },
-        Patience);
+    return QTest::qWaitFor([&] { return hasWindow(title); }, Patience);
 }
 
 void Journey::key(const QString& chord)

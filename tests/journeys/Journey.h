@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
+#include <QMap>
 #include <QPoint>
 #include <QProcess>
 #include <QString>
@@ -12,8 +14,9 @@
 class Journey
 {
 public:
-    /// Starts the application and waits for its window. Check isRunning() afterwards.
-    explicit Journey(const QStringList& arguments = {});
+    /// Starts the application and waits for its window. Check isRunning() afterwards. `files` are in its data
+    /// folder before, by their names.
+    explicit Journey(const QStringList& arguments = {}, const QMap<QString, QByteArray>& files = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
     ~Journey();
@@ -31,6 +34,8 @@ public:
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
+    /// True if there is a visible window whose title holds the text.
+    bool hasWindow(const QString& title) const;
     /// Waits for a visible window whose title holds the text.
     bool waitForWindow(const QString& title);
     /// Writes what the window shows to the pictures of the build tree.

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void rolesHandedOverBeforeTheDeletionComeBack();
     void undoneAdditionHandsOverItsRoles();
     void shownProfileThatGoesIsLeft();
+    void viewThatLeavesByItselfIsLeftAlone();
     void otherProfileThatGoesLeavesTheViewAlone();
     void callsOfOneTurnAreOneStep();
     void useDefaultForAllKeysIsOneStep();
@@ -253,6 +254,22 @@ void ProfileMgrUndoTest::shownProfileThatGoesIsLeft()
     events().take();
     service().undo();
     QCOMPARE(events().take(), QStringList({"ProfileDeleted " + P, "CurrentProfileSwitched " + Default}));
+}
+
+void ProfileMgrUndoTest::viewThatLeavesByItselfIsLeftAlone()
+{
+    profiles().addProfile(profile(Q, "Neighbour"));
+    endTurn();
+    profiles().addProfile(profile(P, "Game"));
+    settings().setPropertyString(SettingsKeys::LastProfile, P);
+    endTurn();
+    events().take();
+    events().onEvent = [this](const QString&) {
+        settings().setPropertyString(SettingsKeys::LastProfile, Q);
+    };
+    service().undo();
+    events().onEvent = nullptr;
+    QCOMPARE(events().take(), QStringList("ProfileDeleted " + P));
 }
 
 void ProfileMgrUndoTest::otherProfileThatGoesLeavesTheViewAlone()

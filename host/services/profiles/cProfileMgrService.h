@@ -252,9 +252,9 @@ private:
     void backUp(ProfileBackups::Reason reason, const QString& note);
     void backUpBeforeAnUpgrade();
     ImportFile readImport(const QString& path) const;
-    /// Tells listeners of an undone or redone step, before which views showed that profile.
-    void publishTurn(const QString& shownId);
-    /// Id of the profile that views show.
+    /// Tells listeners of an undone or redone step.
+    void publishTurn();
+    /// Id of the profile that views showed last; it may be gone.
     QString shownProfileId() const;
     void publishWaiting();
     static void publish(const ProfileEvent& event);

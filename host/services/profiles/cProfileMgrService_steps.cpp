@@ -94,32 +94,31 @@ void cProfileMgrService::handOverRoles(const QSet<QString>& removedIds, Changes&
 
 void cProfileMgrService::undo()
 {
-    const QString shown = shownProfileId();
-    m_history.undo([&] { publishTurn(shown); });
+    m_history.undo([this] { publishTurn(); });
 }
 
 void cProfileMgrService::redo()
 {
-    const QString shown = shownProfileId();
-    m_history.redo([&] { publishTurn(shown); });
+    m_history.redo([this] { publishTurn(); });
 }
 
 QString cProfileMgrService::shownProfileId() const
 {
-    const QString id = m_surroundings.settings
-        ? m_surroundings.settings->getPropertyString(SettingsKeys::LastProfile)
-        : QString();
-    return profile(id) ? id : QString();
+    return m_surroundings.settings ? m_surroundings.settings->getPropertyString(SettingsKeys::LastProfile)
+                                   : QString();
 }
 
-void cProfileMgrService::publishTurn(const QString& shownId)
+void cProfileMgrService::publishTurn()
 {
-    // A view leaves a profile that its user deletes by itself, but not one that goes because its coming was
-    // undone.
-    const bool isGone = !shownId.isEmpty() && !profile(shownId);
+    const QString shownId = shownProfileId();
     const bool isSwitched = !m_waiting.isEmpty()
         && std::holds_alternative<ProfileEvents::CurrentProfileSwitched>(m_waiting.back());
-    if (isGone && !isSwitched)
-        m_waiting.enqueue(ProfileEvents::CurrentProfileSwitched {getActiveProfileID()});
     publishWaiting();
+    // A view leaves a profile that its user deletes, but may stay with one that goes because its coming was
+    // undone.
+    const bool isGone = !shownId.isEmpty() && !profile(shownId) && shownProfileId() == shownId;
+    if (isGone && !isSwitched) {
+        m_waiting.enqueue(ProfileEvents::CurrentProfileSwitched {getActiveProfileID()});
+        publishWaiting();
+    }
 }
