@@ -80,6 +80,13 @@ struct Profile
     };
     Extensions extensions;
 
+    friend bool operator==(const Profile& a, const Profile& b)
+    {
+        return a.properties == b.properties && a.macros == b.macros && a.assignments == b.assignments
+            && a.categories == b.categories && a.backup == b.backup && a.icon == b.icon
+            && a.pointers == b.pointers && a.extensions == b.extensions;
+    }
+
     QString uid() const { return properties["uid"].toString(); }
     QString name() const { return properties["name"].toString(); }
 };

@@ -1,14 +1,11 @@
-#include "HostApplication.h"
-
 #include "MainWindow.h"
 
 #include <cProfileMgrService.h>
-#include <DeviceFolder.h>
+#include <TestApplication.h>
 #include <TestCase.h>
 
 #include <QLineEdit>
 #include <QMenu>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -30,30 +27,18 @@ private Q_SLOTS:
     void fieldKeepsItsOwnUndo();
 
 private:
-    cProfileMgrService& profiles() { return m_application->profiles(); }
-    MainWindow& window() { return m_application->window(); }
+    cProfileMgrService& profiles() { return (*m_application)->profiles(); }
+    MainWindow& window() { return (*m_application)->window(); }
     QAction& undo() { return *window().editMenu().actions().at(0); }
     QAction& redo() { return *window().editMenu().actions().at(1); }
     void addProfile(const QString& name);
 
-    QScopedPointer<QTemporaryDir> m_folder;
-    QScopedPointer<HostApplication> m_application;
+    QScopedPointer<TestApplication> m_application;
 };
 
 void ProfileActionsTest::init()
 {
-    m_folder.reset(new QTemporaryDir);
-    DeviceFolder::write(
-        m_folder->filePath("share/Resources/style/veltrano.qss"), "QWidget { color: white; }");
-    DeviceFolder::write(
-        m_folder->filePath("share/Resources/profiler/DefaultProfile.xml"), "<profile name=\"S\"/>");
-    DeviceFolder::make(m_folder->filePath("share/devices"), "Alpha");
-    ApplicationPaths paths;
-    paths.pluginsFolder = m_folder->filePath("plugins");
-    paths.shareFolder = m_folder->filePath("share");
-    m_application.reset(
-        new HostApplication(paths, CommandLine({"test", "--data-dir", m_folder->filePath("data")})));
-    m_application->start();
+    m_application.reset(new TestApplication);
     window().activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&window()));
 }
@@ -61,7 +46,6 @@ void ProfileActionsTest::init()
 void ProfileActionsTest::cleanup()
 {
     m_application.reset();
-    m_folder.reset();
 }
 
 void ProfileActionsTest::addProfile(const QString& name)

@@ -8,6 +8,7 @@
 #include <ApplicationLook.h>
 #include <cProfileMgrService.h>
 #include <cSettingsService.h>
+#include <DialogButtons.h>
 #include <DialogDriver.h>
 #include <ProfileDocument.h>
 #include <SettingsKeys.h>
@@ -24,16 +25,6 @@ namespace {
 
 const QString Id = QStringLiteral("{AAAAAAAA-0000-0000-0000-000000000001}");
 const QString OtherId = QStringLiteral("{AAAAAAAA-0000-0000-0000-000000000002}");
-
-QPushButton* buttonOf(const QDialog& dialog, const QString& text)
-{
-    const QList<QPushButton*> buttons = dialog.findChildren<QPushButton*>();
-    for (QPushButton* button : buttons) {
-        if (QString(button->text()).remove('&') == text)
-            return button;
-    }
-    return nullptr;
-}
 
 void savePicture(QWidget& widget, const QString& name)
 {
@@ -86,6 +77,8 @@ private:
     }
     void writeProfile(const QString& file, const QString& uid, const QString& name) const;
     void addProfile(const QString& uid, const QString& name);
+    /// "Dungeon" and "Space", which the newest backup holds.
+    void deleteTwoProfiles();
     QAction* entry(const QString& text);
 
     QScopedPointer<QTemporaryDir> m_folder;
@@ -128,6 +121,15 @@ void ProfileDialogsTest::addProfile(const QString& uid, const QString& name)
     record["uid"] = uid;
     record["name"] = name;
     QVERIFY(profiles().addProfile(record));
+    QCoreApplication::processEvents();
+}
+
+void ProfileDialogsTest::deleteTwoProfiles()
+{
+    addProfile(Id, "Dungeon");
+    addProfile(OtherId, "Space");
+    QVERIFY(profiles().deleteProfileByID(Id));
+    QVERIFY(profiles().deleteProfileByID(OtherId));
     QCoreApplication::processEvents();
 }
 
@@ -272,11 +274,7 @@ void ProfileDialogsTest::backupsShowWhatTheyHold()
 
 void ProfileDialogsTest::checkedProfileIsBroughtBack()
 {
-    addProfile(Id, "Dungeon");
-    addProfile(OtherId, "Space");
-    profiles().deleteProfileByID(Id);
-    profiles().deleteProfileByID(OtherId);
-    QCoreApplication::processEvents();
+    deleteTwoProfiles();
     BackupsDialog dialog(profiles(), &window());
     dialog.show();
     auto* const table = dialog.findChild<ProfileTable*>();
@@ -297,11 +295,7 @@ void ProfileDialogsTest::checkedProfileIsBroughtBack()
 
 void ProfileDialogsTest::allAreBroughtBack()
 {
-    addProfile(Id, "Dungeon");
-    addProfile(OtherId, "Space");
-    profiles().deleteProfileByID(Id);
-    profiles().deleteProfileByID(OtherId);
-    QCoreApplication::processEvents();
+    deleteTwoProfiles();
     BackupsDialog dialog(profiles(), &window());
     dialog.show();
     QTest::mouseClick(buttonOf(dialog, "Bring Back All"), Qt::LeftButton);

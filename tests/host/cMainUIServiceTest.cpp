@@ -1,6 +1,7 @@
 #include "cMainUIService.h"
 
 #include <cMainUI.h>
+#include <DialogButtons.h>
 #include <DialogDriver.h>
 #include <FakeWindow.h>
 #include <IServiceMgr.h>
@@ -16,16 +17,6 @@
 #include <QTemporaryDir>
 
 namespace {
-
-QPushButton* buttonOf(const QDialog& dialog, const QString& text)
-{
-    const QList<QPushButton*> buttons = dialog.findChildren<QPushButton*>();
-    for (QPushButton* button : buttons) {
-        if (button->accessibleName() == text)
-            return button;
-    }
-    return nullptr;
-}
 
 QPushButton* defaultButtonOf(const QDialog& dialog)
 {

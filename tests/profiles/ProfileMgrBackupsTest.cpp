@@ -33,6 +33,16 @@ private Q_SLOTS:
 private:
     static void endTurn() { QCoreApplication::processEvents(); }
     std::vector<ProfileBackups::Backup> list() { return service().backups().list(); }
+    /// "Game" and "Other", in one turn.
+    void deleteTwoProfiles()
+    {
+        profiles().addProfile(profile(P, "Game"));
+        profiles().addProfile(profile(Q, "Other"));
+        endTurn();
+        profiles().deleteProfileByID(P);
+        profiles().deleteProfileByID(Q);
+        endTurn();
+    }
     /// Reasons and notes, the newest first.
     QStringList reasons()
     {
@@ -86,12 +96,7 @@ void ProfileMgrBackupsTest::deletionIsBackedUpFirst()
 
 void ProfileMgrBackupsTest::deletionOfSeveralIsOneBackup()
 {
-    profiles().addProfile(profile(P, "Game"));
-    profiles().addProfile(profile(Q, "Other"));
-    endTurn();
-    profiles().deleteProfileByID(P);
-    profiles().deleteProfileByID(Q);
-    endTurn();
+    deleteTwoProfiles();
     QCOMPARE(reasons().size(), 2);
     QCOMPARE(list().front().count, 3);
 }
@@ -236,12 +241,7 @@ void ProfileMgrBackupsTest::changedProfileBecomesWhatItWas()
 
 void ProfileMgrBackupsTest::severalComeBackInOneStep()
 {
-    profiles().addProfile(profile(P, "Game"));
-    profiles().addProfile(profile(Q, "Other"));
-    endTurn();
-    profiles().deleteProfileByID(P);
-    profiles().deleteProfileByID(Q);
-    endTurn();
+    deleteTwoProfiles();
     QString backup;
     const QStringList documents {documentOf("Game", backup), documentOf("Other", backup)};
     QCOMPARE(service().bringBack(backup, documents), 2);
@@ -279,12 +279,7 @@ void ProfileMgrBackupsTest::nameThatIsTakenByNowGetsANumber()
 
 void ProfileMgrBackupsTest::damagedDocumentIsToldAndTheOthersComeBack()
 {
-    profiles().addProfile(profile(P, "Game"));
-    profiles().addProfile(profile(Q, "Other"));
-    endTurn();
-    profiles().deleteProfileByID(P);
-    profiles().deleteProfileByID(Q);
-    endTurn();
+    deleteTwoProfiles();
     QString backup;
     const QStringList documents {documentOf("Game", backup), documentOf("Other", backup)};
     writeFile(path("backups/" + backup + '/' + documents[0]), "damaged");

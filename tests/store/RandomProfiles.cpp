@@ -118,10 +118,3 @@ QString RandomProfiles::uid()
         uchar(number(256)), 3, 4, 5, 6, 7, 8);
     return coin() ? id.toString() : id.toString().toUpper();
 }
-
-bool operator==(const Profile& a, const Profile& b)
-{
-    return a.properties == b.properties && a.macros == b.macros && a.assignments == b.assignments
-        && a.categories == b.categories && a.backup == b.backup && a.icon == b.icon
-        && a.pointers == b.pointers && a.extensions == b.extensions;
-}

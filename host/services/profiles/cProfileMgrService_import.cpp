@@ -202,6 +202,9 @@ cProfileMgrService::Presence cProfileMgrService::presenceOf(const Profile& other
     const Profile* present = profile(other.uid());
     if (!present)
         return withName(other.name()) ? Presence::NameTaken : Presence::New;
+    if (*present == other)
+        return Presence::Same;
+    // What says the same need not have the same shape: a document leaves out what is false or empty.
     const bool isSame =
         ProfileDocument::write({*present}, macroTypes()) == ProfileDocument::write({other}, macroTypes());
     return isSame ? Presence::Same : Presence::Different;
