@@ -21,10 +21,12 @@ constexpr int LookInterval = 500;
 
 } // namespace
 
-Journey::Journey(const QStringList& arguments)
+Journey::Journey(const QStringList& arguments, const QMap<QString, QByteArray>& files)
     : m_arguments(QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments)
 {
     writeSettings();
+    for (auto file = files.begin(); file != files.end(); ++file)
+        write(file.key(), file.value());
     start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
 }
 
@@ -35,10 +37,15 @@ Journey::Journey(const QString& program, const QStringList& arguments, const QSt
 
 void Journey::writeSettings() const
 {
-    QFile settings(dataFile(QStringLiteral("settings.json")));
-    if (!settings.open(QIODevice::WriteOnly)
-        || settings.write(R"({"version": 1, "settings": {"profiler": {"autoScannedForGames": true}}})") < 0)
-        qFatal("can't write %s", qPrintable(settings.fileName()));
+    write(QStringLiteral("settings.json"),
+        R"({"version": 1, "settings": {"profiler": {"autoScannedForGames": true}}})");
+}
+
+void Journey::write(const QString& name, const QByteArray& content) const
+{
+    QFile file(dataFile(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("can't write %s", qPrintable(file.fileName()));
 }
 
 void Journey::start(const QString& program, const QStringList& arguments, const QString& title)
@@ -166,6 +173,11 @@ bool Journey::waitForNoWindow(const QString& title)
 void Journey::key(const QString& chord)
 {
     xdotool({QStringLiteral("key"), chord});
+}
+
+void Journey::type(const QString& text)
+{
+    xdotool({QStringLiteral("type"), text});
 }
 
 QImage Journey::picture() const

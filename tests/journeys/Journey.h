@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
+#include <QMap>
 #include <QPoint>
 #include <QProcess>
 #include <QRect>
@@ -14,8 +16,9 @@ class Journey
 {
 public:
     /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for games
-    /// before, unless the arguments give it data of their own.
-    explicit Journey(const QStringList& arguments = {});
+    /// before, unless the arguments give it data of their own. `files` are in its data folder before, by their
+    /// names.
+    explicit Journey(const QStringList& arguments = {}, const QMap<QString, QByteArray>& files = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
     ~Journey();
@@ -32,6 +35,7 @@ public:
     /// With the left button, in steps as a hand does.
     void drag(const QPoint& from, const QPoint& to);
     void moveTo(const QPoint& point);
+    /// Characters, one key after the other.
     void type(const QString& text);
     /// A key or a chord in xdotool's names, as in "ctrl+q".
     void key(const QString& chord);
@@ -62,6 +66,7 @@ public:
 
 private:
     void writeSettings() const;
+    void write(const QString& name, const QByteArray& content) const;
     void start(const QString& program, const QStringList& arguments, const QString& title);
     static QString xdotool(const QStringList& arguments);
     /// What makes xdotool move the pointer there.
