@@ -175,11 +175,6 @@ void Journey::key(const QString& chord)
     xdotool({QStringLiteral("key"), chord});
 }
 
-void Journey::type(const QString& text)
-{
-    xdotool({QStringLiteral("type"), text});
-}
-
 QImage Journey::picture() const
 {
     return QGuiApplication::primaryScreen()->grabWindow(WId(m_window.toULongLong())).toImage();

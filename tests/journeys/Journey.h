@@ -15,9 +15,9 @@
 class Journey
 {
 public:
-    /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for games
-    /// before, unless the arguments give it data of their own. `files` are in its data folder before, by their
-    /// names.
+    /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for
+    /// games before, unless the arguments give it data of their own. `files` are in its data folder before,
+    /// by their names.
     explicit Journey(const QStringList& arguments = {}, const QMap<QString, QByteArray>& files = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
