@@ -24,7 +24,7 @@ void Gkey::contextMenuEvent(QGraphicsSceneContextMenuEvent* event)
 void Gkey::onClickedContextButton(const QPoint& point)
 {
     if (const QWidget* window = MainWindowMenu::window())
-        showContextMenu(window->mapToGlobal(point));
+        showContextMenu(MainWindowMenu::globalPosOf(*window, scene(), point));
 }
 
 void Gkey::showContextMenu(const QPoint& globalPos)
@@ -34,13 +34,11 @@ void Gkey::showContextMenu(const QPoint& globalPos)
         return;
     // The host may take the key or its window down while the menu is open.
     const QPointer<Gkey> self(this);
-    const QPointer<QMenu> menu(new QMenu(window));
-    connect(this, SIGNAL(destroyed()), menu, SLOT(close()));
+    auto* const menu = new QMenu(window);
     fillContextMenu(*menu);
-    menu->exec(MainWindowMenu::placeInside(*window, *menu, globalPos));
+    MainWindowMenu::run(menu, this, MainWindowMenu::placeInside(*window, *menu, globalPos));
     if (self)
         update();
-    delete menu;
 }
 
 void Gkey::fillContextMenu(QMenu& menu)

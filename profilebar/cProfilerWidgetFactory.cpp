@@ -1,6 +1,9 @@
 #include "cProfilerWidgetFactory.h"
 
+#include "cProfileBarImpl.h"
+
 IProfileBar* cProfilerWidgetFactory::getProfileBar()
 {
-    return nullptr;
+    // The caller's, who never gives it back.
+    return new cProfileBarImpl;
 }

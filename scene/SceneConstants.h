@@ -59,6 +59,12 @@ inline constexpr qreal TooltipZ = 200;
 /// The picture on which a tip's text is measured.
 inline constexpr QSize TooltipScratchSize(8, 8);
 
+// PlainText
+/// A name with more characters makes a tool tip of several lines.
+inline constexpr int LongTipLength = 80;
+/// The widest name in a menu.
+inline constexpr int MenuTextWidth = 300;
+
 // cScrollBarItem
 /// How long a scroll bar takes to fade, and its opacity at both ends.
 inline constexpr int ScrollFadeTime = 500;

@@ -51,6 +51,16 @@ inline constexpr QPoint SearchBoxPos(-3, 31);
 inline constexpr QSize SearchBoxSize(244, 28);
 inline constexpr QPoint MacroListPos(-1, 64);
 
+// The profile pane.
+inline constexpr QSize ProfileBarSize(ProfilePaneSize.width(), ProfilePaneSize.height() + 10);
+/// The list with its scroll bar.
+inline constexpr QSize ProfileFrameSize(404, ProfilePaneSize.height() + 17);
+inline constexpr QPoint ProfileFramePos(518, 26);
+inline constexpr QPoint ProfileSearchFramePos(349, 69);
+
+// The trash can.
+inline constexpr QPointF TrashcanPos(315, 501);
+
 // The hint line.
 inline constexpr QPointF HintTextPos(28, 588);
 /// In points, see cScaledFont.

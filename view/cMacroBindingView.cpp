@@ -32,6 +32,8 @@ QString helpFolder()
 
 cMacroBindingView::cMacroBindingView()
 {
+    if (!s_instance)
+        s_instance = this;
     // Kept while the view is closed: the host asks for help providers at any time.
     EventHelpers::subscribe(EventSources::HelpMgr, this);
     cECMAScript().newObject(this, ScriptObjectName);
@@ -44,13 +46,14 @@ cMacroBindingView::~cMacroBindingView()
     cMacroBindingView::deinit(cJsonValue(), nullptr);
     // Nobody is left to end the exit.
     removePanesAndMask();
+    if (s_instance == this)
+        s_instance = nullptr;
 }
 
 cMacroBindingView* cMacroBindingView::instance()
 {
-    if (!s_instance)
-        s_instance = new cMacroBindingView;
-    return s_instance;
+    // The constructor makes itself known.
+    return s_instance ? s_instance : new cMacroBindingView;
 }
 
 bool cMacroBindingView::init(cJsonValue viewInfo, QGraphicsView* canvas)

@@ -49,8 +49,8 @@ public:
     cMacroBindingView();
     ~cMacroBindingView() override;
 
-    /// The view of the process, made at the first call. It is not made again: once the plug-in has deleted
-    /// the view, the pointer leads nowhere and this must not be called.
+    /// The view of the process, made at the first call unless somebody has made it by then. Not to be called
+    /// once the plug-in has deleted the view: that would make another one.
     static cMacroBindingView* instance();
 
     /// False, with nothing changed, if the canvas is null or has no scene.
@@ -184,6 +184,9 @@ private:
     /// selection.
     void selectMacroRow(const QString& macroID);
     void useGenericMacro(const QString& profileID, const Gkey& key);
+
+    /// Sorts the command list by a cListWidgetItem::SortMode, and its commands to come.
+    void sortMacros(int sortMode, Qt::SortOrder order);
 
     void setSyncButtonEnabled(bool on);
     /// Offers to write the profile to the device to which it is bound.

@@ -198,7 +198,8 @@ void cMacroBindingView::createMacroList()
 
     m_macroList = new cMacroList(m_commandFrame);
     m_macroList->move(MacroListPos);
-    // Queued, because the list's own slot is still on the stack when the editor opens.
+    // Queued, because the list's own slot is still on the stack when the editor opens; queues know types by name.
+    qRegisterMetaType<cJsonValue>();
     connect(m_macroList, SIGNAL(editMacro(cJsonValue)), this, SLOT(loadMacroEditor(cJsonValue)),
         Qt::QueuedConnection);
     connect(m_macroList, SIGNAL(hoverIn()), this, SLOT(onStopMkeyPulsate()));
@@ -213,12 +214,6 @@ void cMacroBindingView::createMacroList()
         {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Return, Qt::Key_Enter});
     connect(searchBox, SIGNAL(textEdited(QString)), m_macroList, SLOT(onSearch(QString)));
 }
-
-void cMacroBindingView::createProfileBar()
-{ }
-
-void cMacroBindingView::createProfileFrames()
-{ }
 
 void cMacroBindingView::createHintText()
 {
@@ -235,6 +230,3 @@ void cMacroBindingView::createHintText()
     if (m_canvas->scene())
         m_canvas->scene()->addItem(m_hintText);
 }
-
-void cMacroBindingView::placeProfileBar()
-{ }

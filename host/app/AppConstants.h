@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ServiceConstants.h>
+
 #include <QSize>
 
 /// Sizes, z values and times of the window. Lengths are pixels, times milliseconds.
@@ -12,6 +14,10 @@ inline constexpr QSize SceneSize(980, 620);
 inline constexpr qreal PictureZ = -100.0;
 /// How long the device picture moves.
 inline constexpr int TransformTime = 250;
+/// From the beginning of a transform to its end. A feature view brings its panes in meanwhile: at the end it
+/// fills them, and only those that are there.
+inline constexpr int TransformEndTime = ServiceConstants::PaneTime + ServiceConstants::PaneTimeMargin;
+static_assert(TransformEndTime >= TransformTime, "a picture comes to rest before the transform ends");
 
 inline constexpr int HeaderHeight = 40;
 inline constexpr int DeviceBarHeight = 76;
@@ -31,6 +37,17 @@ inline constexpr int ViewIconSize = 32;
 
 /// The text in place of a picture.
 inline constexpr int NoticeTextSize = 16;
+
+/// Longer names in a menu are shortened.
+inline constexpr int MenuEntryMaxWidth = 320;
+
+/// Columns of a table of profiles, and the dialogs that have one.
+inline constexpr int TableNameWidth = 180;
+inline constexpr int TableNumberWidth = 86;
+inline constexpr int TableStatusWidth = 150;
+inline constexpr int BackupTimeWidth = 170;
+inline constexpr QSize ImportDialogSize(780, 420);
+inline constexpr QSize BackupsDialogSize(940, 520);
 
 /// From the edges of the canvas to the message strip.
 inline constexpr int StripMargin = 16;

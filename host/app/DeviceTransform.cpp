@@ -8,7 +8,6 @@
 #include <QGraphicsItem>
 
 #include <cmath>
-#include <utility>
 
 namespace {
 
@@ -38,6 +37,9 @@ DeviceTransform::DeviceTransform(QGraphicsItem& picture, QObject* parent)
     m_animation.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_animation, SIGNAL(valueChanged(QVariant)), this, SLOT(onValueChanged(QVariant)));
     connect(&m_animation, SIGNAL(finished()), this, SLOT(onFinished()));
+    m_end.setSingleShot(true);
+    m_end.setTimerType(Qt::PreciseTimer);
+    connect(&m_end, SIGNAL(timeout()), this, SLOT(onEndTimeout()));
     IServiceMgr::instance()->subscribe(EventSources::MainUI, this, Events::HandlerPrefix);
 }
 
@@ -49,7 +51,7 @@ DeviceTransform::~DeviceTransform()
 void DeviceTransform::setHome(const QPointF& position, qreal scale)
 {
     m_animation.stop();
-    m_isAwaited = false;
+    m_end.stop();
     m_home = {position, scale};
     m_picture.setPos(position);
     m_picture.setScale(scale);
@@ -57,7 +59,7 @@ void DeviceTransform::setHome(const QPointF& position, qreal scale)
 
 void DeviceTransform::returnHome()
 {
-    m_isAwaited = false;
+    m_end.stop();
     moveTo(m_home);
 }
 
@@ -67,8 +69,8 @@ void DeviceTransform::onDeviceTransformBegin(const cJsonValue& metadata)
     if (isUsable(metadata))
         place = {QPointF(metadata["pos_x"].toDouble(), metadata["pos_y"].toDouble()),
             metadata["scale"].toDouble()};
-    m_isAwaited = true;
     moveTo(place);
+    m_end.start(AppConstants::TransformEndTime);
 }
 
 void DeviceTransform::moveTo(const Place& place)
@@ -90,6 +92,11 @@ void DeviceTransform::onFinished()
 {
     m_picture.setPos(m_to.position);
     m_picture.setScale(m_to.scale);
-    if (std::exchange(m_isAwaited, false))
-        IServiceMgr::instance()->publish(EventSources::MainUI, Events::DeviceTransformEnd);
+}
+
+void DeviceTransform::onEndTimeout()
+{
+    m_animation.stop();
+    onFinished();
+    IServiceMgr::instance()->publish(EventSources::MainUI, Events::DeviceTransformEnd);
 }

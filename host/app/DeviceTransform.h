@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QTimer>
 #include <QVariantAnimation>
 
 class QGraphicsItem;
@@ -38,6 +39,7 @@ public:
 private Q_SLOTS:
     void onValueChanged(const QVariant& value);
     void onFinished();
+    void onEndTimeout();
 
 private:
     struct Place
@@ -53,6 +55,7 @@ private:
     Place m_from;
     Place m_to;
     QVariantAnimation m_animation;
-    /// True while somebody waits for the end of the transform.
-    bool m_isAwaited = false;
+    /// Runs while somebody waits for the end of the transform. A timer, because under load an animation may
+    /// finish before shorter timers have had their turn; timers keep their order.
+    QTimer m_end;
 };

@@ -2,7 +2,9 @@
 
 #include "MainWindow.h"
 #include "PluginLoader.h"
+#include "ProfileActions.h"
 #include "ScreenshotRun.h"
+#include "UnsavedProfiles.h"
 
 #include <cDevMgrService.h>
 #include <cECMAScriptMgrService.h>
@@ -62,8 +64,8 @@ HostApplication::~HostApplication()
     IServiceMgr::instance()->unsubscribe(EventSources::MainApp, m_profiles.get());
     // Their texts go to the profiles.
     m_luaScripts->setWindow(nullptr);
-    // The window that would tell of a failure is on its way out.
-    if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly())
+    // The user was asked when the window closed; this is for an end that came another way.
+    if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly() && !m_isEndAgreed)
         qCritical("Some profiles could not be saved");
     m_settings->flush();
     for (QObject* service : services())
@@ -72,6 +74,7 @@ HostApplication::~HostApplication()
     m_mainApp->setWindow(nullptr);
     m_featureViews->setWindow(nullptr);
     m_onBoardWindow.reset();
+    m_profileActions.reset();
     m_window.reset();
 }
 
@@ -125,6 +128,7 @@ void HostApplication::createWindow()
 {
     m_window = std::make_unique<MainWindow>(
         MainWindowServices {*m_devices, *m_featureViews, *m_controller, *m_help, *m_mainApp});
+    m_profileActions = std::make_unique<ProfileActions>(*m_window, *m_profiles, *m_settings);
     m_plugins = std::make_unique<PluginLoader>();
     m_mainUI->setWindow(m_window.get());
     m_mainApp->setWindow(m_window.get());
@@ -141,6 +145,10 @@ void HostApplication::createWindow()
     m_window->addTool(tr("&On-board Memory..."), QKeySequence(), this, SLOT(onShowOnBoardMemory()));
     m_window->addTool(tr("S&cript Editor..."), QKeySequence(), this, SLOT(onShowScript()));
     m_window->addTool(tr("&Print Profile..."), QKeySequence(QKeySequence::Print), this, SLOT(onPrint()));
+    m_window->setCloseGuard([this] {
+        m_isEndAgreed = UnsavedProfiles::settle(*m_profiles, m_window.get());
+        return m_isEndAgreed;
+    });
     connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
 }
 

@@ -25,6 +25,7 @@ class FeatureViewController;
 class MainWindow;
 class OnBoardWindow;
 class PluginLoader;
+class ProfileActions;
 class ScreenshotRun;
 
 /// The application: its services, its window and its plug-ins, brought up and taken down in the order in
@@ -64,6 +65,8 @@ private:
     /// The profile that the user looked at last, if it is still there, else the one that keys play.
     QString shownProfile() const;
 
+    /// True once the user has said what becomes of profiles that can't be saved.
+    bool m_isEndAgreed = false;
     ApplicationPaths m_paths;
     CommandLine m_commandLine;
     // Destroyed from the last to the first.
@@ -84,6 +87,7 @@ private:
     std::unique_ptr<cProfilesToGoService> m_profilesToGo;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<OnBoardWindow> m_onBoardWindow;
+    std::unique_ptr<ProfileActions> m_profileActions;
     std::unique_ptr<PluginLoader> m_plugins;
     std::unique_ptr<ScreenshotRun> m_screenshots;
 };

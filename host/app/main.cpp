@@ -2,6 +2,7 @@
 #include "HostApplication.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 
 #include <cstdio>
 
@@ -22,6 +23,9 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("Veltrano"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELTRANO_VERSION));
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+
+    // Lines for developers are asked for: QT_LOGGING_RULES="*.debug=true" has the last word.
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
 
     const CommandLine commandLine = readCommandLine(argc, argv);
     if (commandLine.request != CommandLine::Request::Run) {

@@ -24,7 +24,7 @@ public:
     /// Adds a tile for the profile record.
     virtual bool addProfile(const cJsonValue& profile) = 0;
 
-    /// Shows only the profiles of one device.
+    /// Hides the profiles of that device; an empty id hides none.
     virtual bool setDeviceFilter(const QString& deviceId) = 0;
 
     virtual void setTileDragEnabled(bool enabled) = 0;

@@ -6,6 +6,8 @@
 
 #include <QElapsedTimer>
 #include <QGraphicsPixmapItem>
+#include <QThread>
+#include <QTimer>
 
 #include <limits>
 
@@ -37,6 +39,7 @@ private Q_SLOTS:
     void cleanup();
     void beginMovesThePictureThenEnds();
     void endIsNeverWithinTheBegin();
+    void endComesAfterTheViewsPanesUnderLoad();
     void unusablePlaceKeepsThePictureAndEnds_data();
     void unusablePlaceKeepsThePictureAndEnds();
     void secondBeginHasTheOneEnd();
@@ -45,7 +48,7 @@ private Q_SLOTS:
     void deletionEndsATransformWithoutAnEvent();
 
 private:
-    static void waitLongEnough() { QTest::qWait(AppConstants::TransformTime + 150); }
+    static void waitLongEnough() { QTest::qWait(AppConstants::TransformEndTime + 150); }
 
     QGraphicsPixmapItem m_picture;
     QScopedPointer<DeviceTransform> m_transform;
@@ -90,6 +93,22 @@ void DeviceTransformTest::endIsNeverWithinTheBegin()
     publishBegin(place(10, 20, 2.0));
     QCOMPARE(m_events->count(), 0);
     QTRY_COMPARE(m_events->count(), 1);
+}
+
+void DeviceTransformTest::endComesAfterTheViewsPanesUnderLoad()
+{
+    // A view waits with its panes as its own single shot tells it, and fills them at the end.
+    QStringList order;
+    QTimer panes;
+    panes.setSingleShot(true);
+    QObject::connect(&panes, &QTimer::timeout, [&] { order = m_events->take() + QStringList("panes"); });
+    panes.start(250);
+    publishBegin(place(110, 220, 0.5));
+    // Nobody gets a turn until all of the times are over.
+    QThread::msleep(AppConstants::TransformEndTime + 100);
+    QTRY_COMPARE(m_events->count(), 1);
+    QCOMPARE(order, QStringList({"panes"}));
+    QCOMPARE(m_picture.pos(), QPointF(110, 220));
 }
 
 void DeviceTransformTest::unusablePlaceKeepsThePictureAndEnds_data()

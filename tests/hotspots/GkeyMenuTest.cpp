@@ -7,6 +7,7 @@
 #include <MagnetTextItem.h>
 #include <MenuDriver.h>
 #include <SceneEvents.h>
+#include <ShownInView.h>
 #include <TestCase.h>
 
 #include <QGraphicsSceneContextMenuEvent>
@@ -259,8 +260,7 @@ void GkeyMenuTest::labelOpensTheKeysMenu()
 void GkeyMenuTest::contextButtonOpensTheMenuInTheWindow()
 {
     KeyScene on;
-    on.window.setGeometry(60, 50, 500, 400);
-    on.window.show();
+    on.showWindow();
     SceneEvents::hoverEnter(*on.key);
     on.takeLog();
     QPoint place;
@@ -293,8 +293,7 @@ void GkeyMenuTest::menuStaysInsideTheWindow()
     QFETCH(int, fromRight);
     QFETCH(int, overhang);
     KeyScene on;
-    on.window.setGeometry(60, 50, 400, 400);
-    on.window.show();
+    on.showWindow();
     int width = 0;
     const MenuDriver measure([&](QMenu& menu) { width = menu.sizeHint().width(); });
     askForMenu(*on.key, QPoint(100, 100));
@@ -376,7 +375,7 @@ void GkeyMenuTest::stickCommandGoesWhereItWasPutWhenTheMenuWasUsed()
     numberKeys(on.host);
     // The user switches the mode, and a game the profile, while the host is at it.
     on.host.answer(
-        "addMouseMacro", [&](const RecordedCall&) { show(on.view, "{other}", "Other", MKey::M3); });
+        "addMouseMacro", [&](const RecordedCall&) { setShownInView(on.view, "{other}", "Other", MKey::M3); });
     on.key->onAssignMouse();
     QStringList expected = addStickMacro("addMouseMacro");
     for (int key = 26; key <= 29; ++key)

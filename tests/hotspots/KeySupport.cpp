@@ -2,8 +2,10 @@
 
 #include <cGraphicsButton.h>
 #include <MagnetTextItem.h>
+#include <ShownInView.h>
 #include <ValueText.h>
 
+#include <QCursor>
 #include <QGraphicsPixmapItem>
 #include <QMetaMethod>
 #include <QPainterPath>
@@ -12,32 +14,6 @@
 using namespace KeySupport;
 
 namespace {
-
-// What the view shows is set by the road through a whole scene, of which these tests need nothing. An
-// explicit instantiation may name private members, which is how they get at the three.
-template<typename Tag, typename Tag::Member member>
-struct Opened
-{
-    friend typename Tag::Member open(Tag) { return member; }
-};
-struct ProfileId
-{
-    using Member = QString cMacroBindingView::*;
-    friend Member open(ProfileId);
-};
-struct DeviceCategory
-{
-    using Member = QString cMacroBindingView::*;
-    friend Member open(DeviceCategory);
-};
-struct CurrentMState
-{
-    using Member = MKey::MKey_t cMacroBindingView::*;
-    friend Member open(CurrentMState);
-};
-template struct Opened<ProfileId, &cMacroBindingView::m_profileId>;
-template struct Opened<DeviceCategory, &cMacroBindingView::m_deviceCategory>;
-template struct Opened<CurrentMState, &cMacroBindingView::m_currentMState>;
 
 QString argument(const char* type, const QVariant& value)
 {
@@ -51,14 +27,6 @@ QString profileCall(const QString& operation, const QStringList& arguments, cons
 }
 
 } // namespace
-
-void KeySupport::show(
-    cMacroBindingView& view, const QString& profileID, const QString& category, MKey::MKey_t mode)
-{
-    view.*open(ProfileId()) = profileID;
-    view.*open(DeviceCategory()) = category;
-    view.*open(CurrentMState()) = mode;
-}
 
 QGraphicsPixmapItem& TestKey::glow() const
 {
@@ -112,7 +80,7 @@ void SignalLog::add(const QVariantList& values)
 
 KeyScene::KeyScene(const QString& contextID)
 {
-    KeySupport::show(view, Profile, Category, Mode);
+    setShownInView(view, Profile, Category, Mode);
     host.answer("window", static_cast<QWidget*>(&window));
     pictures.add("key_target_glow.png", filledPicture(GlowSize.width(), GlowSize.height(), Qt::cyan));
     pictures.add("pointer_left-click.png", filledPicture(ButtonSize.width(), ButtonSize.height(), Qt::white));
@@ -144,6 +112,13 @@ KeyScene::~KeyScene()
 {
     // Items before the view that they ask.
     scene.clear();
+}
+
+void KeyScene::showWindow()
+{
+    window.setGeometry(60, 50, 400, 400);
+    window.show();
+    QCursor::setPos(window.mapToGlobal(window.rect().center()));
 }
 
 void KeyScene::setMacro(const QString& macroID, bool isHidden)

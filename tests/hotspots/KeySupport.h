@@ -37,9 +37,6 @@ inline const QString Mouse = QStringLiteral("{8AE557B2-4775-4BC2-9877-DD627CE436
 inline const QString Joystick = QStringLiteral("{93F34A3F-7081-4D53-A99D-E858D4D86800}");
 inline const QString Tip = QStringLiteral("To assign a command to this G-key, drag the command here");
 
-/// Has the view show that profile, category and mode.
-void show(cMacroBindingView& view, const QString& profileID, const QString& category, MKey::MKey_t mode);
-
 /// A key that takes events from a test without a scene in between.
 class TestKey : public Gkey
 {
@@ -90,6 +87,8 @@ public:
     explicit KeyScene(const QString& contextID = QStringLiteral("G7"));
     ~KeyScene();
 
+    /// Shows the window with the pointer in it, which a drag needs to get under way.
+    void showWindow();
     /// Puts a command on the key; the log does not show it.
     void setMacro(const QString& macroID, bool isHidden = false);
     /// What reached the host since the last take, calls in full and the key's signals, in order.

@@ -1,6 +1,7 @@
 #include <cProfileTrashcanGraphicsItem.h>
 #include <cProfileTrashcanWidget.h>
 #include <DragFormats.h>
+#include <RealPointer.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 
@@ -10,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QProcess>
 #include <QSignalSpy>
 
 #include <memory>
@@ -19,19 +19,6 @@
 namespace {
 
 constexpr int Size = 120;
-
-/// Moves the real pointer or presses its button, without waiting for it.
-void pointer(const QString& actions)
-{
-    if (!QProcess::startDetached("xdotool", actions.split(' ')))
-        QTest::qFail("xdotool does not start", __FILE__, __LINE__);
-}
-
-QString moveTo(const QWidget& widget, const QPoint& offset = QPoint())
-{
-    const QPoint place = widget.mapToGlobal(widget.rect().center()) + offset;
-    return QString("mousemove %1 %2").arg(place.x()).arg(place.y());
-}
 
 /// A drag with the real pointer: it starts when the pointer is moved over the source with the button down,
 /// goes to the middle of the target, and the button is released once the target was told.
@@ -54,7 +41,8 @@ public:
     {
         m_data = std::move(data);
         m_action = action;
-        pointer(moveTo(*m_source) + " mousedown 1 " + moveTo(*m_source, QPoint(12, 0)));
+        RealPointer::act(
+            RealPointer::moveTo(*m_source) + " mousedown 1 " + RealPointer::moveTo(*m_source, QPoint(12, 0)));
         return QTest::qWaitFor([this] { return m_result >= 0; }, 20000) ? m_result : -1;
     }
 
@@ -66,7 +54,7 @@ public:
             return true;
         }
         if (watched == m_target && event->type() == m_told && !std::exchange(m_released, true))
-            pointer("mouseup 1");
+            RealPointer::act("mouseup 1");
         return false;
     }
 
@@ -76,7 +64,8 @@ private:
         auto* drag = new QDrag(m_source);
         drag->setMimeData(m_data.release());
         // In two steps: a drag is brought up to date when the pointer moves.
-        pointer(moveTo(*m_target, QPoint(-6, 0)) + ' ' + moveTo(*m_target));
+        RealPointer::act(
+            RealPointer::moveTo(*m_target, QPoint(-6, 0)) + ' ' + RealPointer::moveTo(*m_target));
         m_result = drag->exec(m_action);
     }
 

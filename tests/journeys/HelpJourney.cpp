@@ -59,7 +59,7 @@ void HelpJourney::contentsAndSearchLeadToPages()
     QVERIFY(journey.waitForWindow("Customizing G-keys - Help"));
     QVERIFY(Journey::saveScreen("help-contents.png"));
     journey.key("ctrl+f");
-    Journey::type("pulled");
+    journey.type("pulled");
     QTRY_VERIFY((journey.key("Tab"), journey.key("Down"), journey.key("Return"),
         Journey::countWindows("Profiles in the memory of a device - Help") == 1));
     QVERIFY(Journey::saveScreen("help-search.png"));

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QProcessEnvironment>
@@ -10,30 +11,43 @@
 #include <QtTest>
 
 #include <tuple>
+#include <utility>
 
 namespace {
 
 /// Longest wait for something that the application does, in milliseconds.
 constexpr int Patience = 20000;
+/// Longer than anything stands still in the middle of a movement.
+constexpr int LookInterval = 500;
 
 } // namespace
 
-Journey::Journey(const QStringList& arguments)
+Journey::Journey(const QStringList& arguments, const QMap<QString, QByteArray>& files)
+    : m_arguments(QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments)
 {
-    start(QStringLiteral(JOURNEY_APPLICATION),
-        QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
-}
-
-Journey::Journey(const std::function<void(const QString& dataFolder)>& prepare, const QStringList& arguments)
-{
-    prepare(m_data.path());
-    start(QStringLiteral(JOURNEY_APPLICATION),
-        QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
+    writeSettings();
+    for (auto file = files.begin(); file != files.end(); ++file)
+        write(file.key(), file.value());
+    start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
 }
 
 Journey::Journey(const QString& program, const QStringList& arguments, const QString& title)
 {
     start(program, arguments, title);
+}
+
+void Journey::writeSettings() const
+{
+    write(QStringLiteral("settings.json"),
+        R"({"version": 1, "settings": {"profiler": {"autoScannedForGames": true}}})");
+}
+
+void Journey::write(const QString& name, const QByteArray& content) const
+{
+    QFile file(dataFile(name));
+    QDir().mkpath(QFileInfo(file.fileName()).path());
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("can't write %s", qPrintable(file.fileName()));
 }
 
 void Journey::start(const QString& program, const QStringList& arguments, const QString& title)
@@ -78,10 +92,74 @@ QString Journey::xdotool(const QStringList& arguments)
     return QString::fromLocal8Bit(process.readAllStandardOutput()).trimmed();
 }
 
-void Journey::click(const QPoint& point)
+bool Journey::restart()
 {
-    xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), m_window, QString::number(point.x()),
-        QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
+    key(QStringLiteral("ctrl+q"));
+    if (!waitForEnd() || hasCrashed())
+        return false;
+    errors();
+    m_window.clear();
+    start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
+    return isRunning();
+}
+
+QStringList Journey::moveCommand(const QPoint& point) const
+{
+    return {QStringLiteral("mousemove"), QStringLiteral("--window"), m_window, QString::number(point.x()),
+        QString::number(point.y())};
+}
+
+void Journey::moveTo(const QPoint& point)
+{
+    xdotool(moveCommand(point));
+}
+
+void Journey::click(const QPoint& point, int button)
+{
+    xdotool(moveCommand(point) + QStringList({QStringLiteral("click"), QString::number(button)}));
+}
+
+void Journey::doubleClick(const QPoint& point)
+{
+    xdotool(moveCommand(point)
+        + QStringList({QStringLiteral("click"), QStringLiteral("--repeat"), QStringLiteral("2"),
+            QStringLiteral("--delay"), QStringLiteral("80"), QStringLiteral("1")}));
+}
+
+void Journey::clickWith(const QString& key, const QPoint& point)
+{
+    xdotool(QStringList({QStringLiteral("keydown"), key}) + moveCommand(point)
+        + QStringList({QStringLiteral("click"), QStringLiteral("1"), QStringLiteral("keyup"), key}));
+}
+
+void Journey::drag(const QPoint& from, const QPoint& to)
+{
+    constexpr int Steps = 8;
+    // Not to be taken for the second press of a double click.
+    const QStringList settle {QStringLiteral("sleep"), QStringLiteral("0.6")};
+    const QStringList pause {QStringLiteral("sleep"), QStringLiteral("0.05")};
+    QStringList commands =
+        moveCommand(from) + settle + QStringList({QStringLiteral("mousedown"), QStringLiteral("1")});
+    for (int step = 1; step <= Steps; ++step)
+        commands += pause + moveCommand(from + (to - from) * step / Steps);
+    // A drag looks around when the pointer moves: once more at the end, and with time for the answer.
+    commands += QStringList({QStringLiteral("sleep"), QStringLiteral("0.3")}) + moveCommand(to + QPoint(1, 1))
+        + QStringList(
+            {QStringLiteral("sleep"), QStringLiteral("0.3"), QStringLiteral("mouseup"), QStringLiteral("1")});
+    xdotool(commands);
+}
+
+void Journey::type(const QString& text)
+{
+    xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("40"), text});
+}
+
+bool Journey::hasWindow(const QString& title) const
+{
+    return !xdotool(
+        {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+            QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), title})
+                .isEmpty();
 }
 
 bool Journey::waitForWindow(const QString& title)
@@ -101,6 +179,11 @@ bool Journey::waitForWindow(const QString& title)
         Patience);
 }
 
+bool Journey::waitForNoWindow(const QString& title)
+{
+    return QTest::qWaitFor([&] { return !hasWindow(title); }, Patience);
+}
+
 int Journey::countWindows(const QString& title)
 {
     const QString found =
@@ -111,11 +194,6 @@ int Journey::countWindows(const QString& title)
 void Journey::key(const QString& chord)
 {
     xdotool({QStringLiteral("key"), chord});
-}
-
-void Journey::type(const QString& text)
-{
-    xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text});
 }
 
 QStringList Journey::childProcesses() const
@@ -129,6 +207,18 @@ QStringList Journey::childProcesses() const
 QImage Journey::picture() const
 {
     return QGuiApplication::primaryScreen()->grabWindow(WId(m_window.toULongLong())).toImage();
+}
+
+QImage Journey::restingPicture(const QRect& area) const
+{
+    QImage last = picture().copy(area);
+    std::ignore = QTest::qWaitFor(
+        [&] {
+            QTest::qWait(LookInterval);
+            return std::exchange(last, picture().copy(area)) == last;
+        },
+        Patience);
+    return last;
 }
 
 QImage Journey::screen()

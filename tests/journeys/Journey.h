@@ -1,43 +1,58 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
+#include <QMap>
 #include <QPoint>
 #include <QProcess>
+#include <QRect>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
-
-#include <functional>
 
 /// The application in a process of its own with data of its own, driven through the display by xdotool.
 /// Points are pixels of its window.
 class Journey
 {
 public:
-    /// Starts the application and waits for its window. Check isRunning() afterwards.
-    explicit Journey(const QStringList& arguments = {});
-    /// The same with a data folder that holds what the function puts there.
-    explicit Journey(
-        const std::function<void(const QString& dataFolder)>& prepare, const QStringList& arguments = {});
+    /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for
+    /// games before, unless the arguments give it data of their own. `files` are in its data folder before,
+    /// by their names.
+    explicit Journey(const QStringList& arguments = {}, const QMap<QString, QByteArray>& files = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
     ~Journey();
 
     bool isRunning() const { return m_process.state() == QProcess::Running && !m_window.isEmpty(); }
 
-    void click(const QPoint& point);
+    /// Ends the application as its user does and starts it anew on the same data.
+    bool restart();
+
+    void click(const QPoint& point, int button = 1);
+    void doubleClick(const QPoint& point);
+    /// With a key of the keyboard held down meanwhile.
+    void clickWith(const QString& key, const QPoint& point);
+    /// With the left button, in steps as a hand does.
+    void drag(const QPoint& from, const QPoint& to);
+    void moveTo(const QPoint& point);
+    /// Characters, one key after the other.
+    void type(const QString& text);
     /// A key or a chord in xdotool's names, as in "ctrl+q".
     void key(const QString& chord);
-    /// Types the text where the focus is.
-    static void type(const QString& text);
 
     /// What the window shows now.
     QImage picture() const;
+    /// What an area of the window shows once two looks at it in a row show the same.
+    QImage restingPicture(const QRect& area) const;
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
-    /// Waits for a visible window whose title holds the text, and for it to have the keyboard.
+    /// Whether there is a visible window whose title holds the text.
+    bool hasWindow(const QString& title) const;
+    /// Waits for one, and for it to have the keyboard.
     bool waitForWindow(const QString& title);
+    /// Waits until there is none.
+    bool waitForNoWindow(const QString& title);
     /// How many windows of any program are to be seen whose title holds the text.
     static int countWindows(const QString& title);
     /// Writes what the window shows to the pictures of the build tree.
@@ -58,10 +73,15 @@ public:
     QString dataFile(const QString& name) const { return m_data.filePath(name); }
 
 private:
+    void writeSettings() const;
+    void write(const QString& name, const QByteArray& content) const;
     void start(const QString& program, const QStringList& arguments, const QString& title);
     static QString xdotool(const QStringList& arguments);
+    /// What makes xdotool move the pointer there.
+    QStringList moveCommand(const QPoint& point) const;
 
     QTemporaryDir m_data;
+    QStringList m_arguments;
     QProcess m_process;
     /// Id of the main window, as xdotool has it.
     QString m_window;

@@ -11,14 +11,13 @@ namespace {
 /// The mouse's memory has 128 KB and takes 32 of them in a second.
 constexpr int LargeText = 55 * 1024;
 
-void putLargeProfile(const QString& dataFolder)
+const QString LargeName = QStringLiteral("profiles/00000000-0000-0000-0000-000000000001.xml");
+
+QByteArray largeProfile()
 {
-    QDir().mkpath(dataFolder + QStringLiteral("/profiles"));
-    QFile file(dataFolder + QStringLiteral("/profiles/00000000-0000-0000-0000-000000000001.xml"));
-    if (file.open(QIODevice::WriteOnly))
-        file.write("<profiles version=\"1\"><profile uid=\"{00000000-0000-0000-0000-000000000001}\" "
-                   "name=\"Zeppelin\"><description>"
-            + QByteArray(LargeText, 'z') + "</description></profile></profiles>");
+    return "<profiles version=\"1\"><profile uid=\"{00000000-0000-0000-0000-000000000001}\" "
+           "name=\"Zeppelin\"><description>"
+        + QByteArray(LargeText, 'z') + "</description></profile></profiles>";
 }
 
 } // namespace
@@ -34,7 +33,7 @@ private Q_SLOTS:
 
 void OnBoardJourney::mouseIsPulledOutWhileItIsWrittenAndThenFull()
 {
-    Journey journey(putLargeProfile, {"--device", "Veltrano.Gaming.Mouse.M5"});
+    Journey journey({"--device", "Veltrano.Gaming.Mouse.M5"}, {{LargeName, largeProfile()}});
     QVERIFY(journey.isRunning());
     const QString memory = journey.dataFile("onboard/M5Device");
     const QString away = journey.dataFile("elsewhere");

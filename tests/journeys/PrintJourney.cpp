@@ -26,7 +26,7 @@ void PrintJourney::profileIsSavedAsPdfAndThePrintDialogOpens()
     journey.key("ctrl+a");
     const QString document = journey.dataFile("keys of the pilot.pdf");
     // The ending comes by itself.
-    Journey::type(document.chopped(4));
+    journey.type(document.chopped(4));
     QVERIFY(Journey::saveScreen("print-save.png"));
     journey.key("Return");
     QTRY_VERIFY(QFile::exists(document));

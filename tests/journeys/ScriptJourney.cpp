@@ -23,11 +23,11 @@ void ScriptJourney::endlessScriptIsStoppedAndTheMendedOneIsKept()
     journey.key("alt+m");
     journey.key("c");
     QVERIFY(journey.waitForWindow("Script of Default Profile"));
-    Journey::type("while true do end");
+    journey.type("while true do end");
     journey.key("F5");
     QTRY_COMPARE(journey.childProcesses().size(), 1);
     // The window is as quick as ever: what is typed arrives, and other windows open.
-    Journey::type(" -- on and on");
+    journey.type(" -- on and on");
     QTRY_VERIFY(Journey::saveScreen("script-endless.png"));
     journey.key("F1");
     QVERIFY(journey.waitForWindow("Help"));
@@ -40,7 +40,7 @@ void ScriptJourney::endlessScriptIsStoppedAndTheMendedOneIsKept()
     QTRY_COMPARE(journey.childProcesses(), QStringList());
 
     journey.key("ctrl+a");
-    Journey::type("print('mended')");
+    journey.type("print('mended')");
     journey.key("F5");
     QTRY_COMPARE(journey.childProcesses(), QStringList());
     journey.key("ctrl+s");

@@ -112,10 +112,7 @@ void RecordingHost::restore(QLatin1String service)
 
 QStringList RecordingHost::takeCalls()
 {
-    QStringList lines;
-    for (; m_takenCalls < m_calls.size(); ++m_takenCalls)
-        lines.append(m_calls[m_takenCalls].brief());
-    return lines;
+    return std::exchange(m_briefCalls, {});
 }
 
 QStringList RecordingHost::takeLog()
@@ -131,7 +128,7 @@ void RecordingHost::note(const QString& line)
 void RecordingHost::clear()
 {
     m_calls.clear();
-    m_takenCalls = 0;
+    m_briefCalls.clear();
     m_log.clear();
 }
 
@@ -228,6 +225,7 @@ bool RecordingHost::receive(const QString& service, const QString& operation,
         call.m_addresses.append(place.data());
     }
     m_calls.append(call);
+    m_briefCalls.append(call.brief());
     m_log.append(call.full());
 
     const QMetaObject* interface = serviceInterface(service);

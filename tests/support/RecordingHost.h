@@ -158,6 +158,8 @@ private:
     QHash<QString, Handler> m_answers;
     QSet<QString> m_removed;
     QVector<RecordedCall> m_calls;
-    int m_takenCalls = 0;
+    /// The calls that were not taken yet, put into words as they came: objects among their values may be gone
+    /// by now.
+    QStringList m_briefCalls;
     QStringList m_log;
 };

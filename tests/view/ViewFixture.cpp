@@ -4,6 +4,7 @@
 #include <cGraphicsItem.h>
 #include <cMacroList.h>
 #include <Gkey.h>
+#include <IMacroEditor.h>
 #include <MagnetTextItem.h>
 
 #include <QDomDocument>
@@ -44,6 +45,24 @@ cJsonValue makeMacro(const char* uid, const char* displayName, bool hidden)
 
 namespace {
 
+/// A page without a field.
+class FakeMacroEditor : public IMacroEditor
+{
+    Q_OBJECT
+
+public:
+    cJsonValue data() override { return cJsonValue(); }
+    QString getMacroTypeID() override { return QStringLiteral("uri/keystroke"); }
+    bool showMacroName() override { return true; }
+    QString defaultMacroName() override { return QString(); }
+    void setMacroName(QString) override { }
+    bool onOK() override { return true; }
+    bool onCancel() override { return true; }
+    void onHelp() override { }
+    void onClearForm() override { }
+    bool canAddMacro() override { return true; }
+};
+
 /// A command type with an info record; its editor is an empty page.
 class FakeMacroType : public IMacroType
 {
@@ -56,7 +75,7 @@ public:
     { }
 
     cJsonValue info() override { return m_info; }
-    IMacroEditor* editor(cJsonValue) override { return nullptr; }
+    IMacroEditor* editor(cJsonValue) override { return new FakeMacroEditor; }
     cJsonValue XmlToJson(QDomElement) override { return cJsonValue(); }
     QDomElement JsonToXml(QDomDocument, cJsonValue) override { return QDomElement(); }
     cPlayStatePtr createPlayState(cJsonValue) override { return cPlayStatePtr(); }
@@ -86,10 +105,10 @@ cMacroTypePtr makeMacroType(const QStringList& controlTypes, bool isPrivate)
 }
 
 ViewFixture::ViewFixture()
-    : folder(QStringLiteral(PROJECT_FOLDER))
+    : m_manifest(makeManifest(PlainDevice))
+    , folder(QStringLiteral(PROJECT_FOLDER))
     , scene(std::make_unique<QGraphicsScene>())
     , canvas(std::make_unique<QGraphicsView>(scene.get()))
-    , m_manifest(makeManifest(PlainDevice))
 {
     // The view tells each corner of a polygon; see the test of these lines.
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));

@@ -109,12 +109,6 @@ public:
     cMacroList* macroList() const;
     cAnimatedPixmapWidget* syncButton() const;
 
-    const PluginFolder folder;
-    RecordingHost host;
-    std::unique_ptr<QGraphicsScene> scene;
-    std::unique_ptr<QGraphicsView> canvas;
-    cMacroBindingView view;
-
     // The host's data.
     QHash<QString, QStringList> categories;
     QString boundDevice;
@@ -130,6 +124,14 @@ private:
     QByteArray m_manifest;
     QHash<QString, cJsonValue> m_macros;
     QMap<QString, QString> m_assignments;
+
+public:
+    // Behind the data, which the view asks for until it has gone.
+    const PluginFolder folder;
+    RecordingHost host;
+    std::unique_ptr<QGraphicsScene> scene;
+    std::unique_ptr<QGraphicsView> canvas;
+    cMacroBindingView view;
 };
 
 /// A manifest of the category "pad" with that content below `macrobindingmetadata`.

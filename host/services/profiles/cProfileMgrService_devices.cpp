@@ -1,8 +1,8 @@
 // Profiles that are bound to devices.
 #include "cProfileMgrService.h"
 
-#include <IDeviceCopies.h>
 #include <EventNames.h>
+#include <IDeviceCopies.h>
 #include <IServiceMgr.h>
 #include <ProfileIds.h>
 
@@ -23,7 +23,8 @@ void cProfileMgrService::copyProfileToDevice(
     copy.properties["uid"] = ProfileIds::newUid();
     copy.properties["name"] = numberedName(original->name(), taken);
     copy.properties["deviceid"] = deviceId;
-    perform(tr("Copy Profile %1 to Device").arg(original->name()), {InsertProfile {std::move(copy), -1}});
+    perform({tr("Copy Profile %1 to Device").arg(original->name()), QString()},
+        {InsertProfile {std::move(copy), -1}});
 }
 
 bool cProfileMgrService::isProfileToGoDirty(const QString& profileID)
@@ -46,7 +47,8 @@ void cProfileMgrService::adopt(Profile found)
     if (profile(found.uid()))
         return;
     // Nobody's deed, so nothing to undo.
-    perform(QString(), {InsertProfile {std::move(found), -1}});
+    carryOut({{InsertProfile {std::move(found), -1}}});
+    publishWaiting();
 }
 
 void cProfileMgrService::announceUnwritten(const QString& deviceId)

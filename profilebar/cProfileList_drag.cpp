@@ -1,0 +1,99 @@
+#include "cProfileList.h"
+
+#include "cProfileItem.h"
+
+#include <cProfileMgr.h>
+#include <DragFormats.h>
+
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPointer>
+
+bool cProfileList::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::DragEnter: {
+        auto* const enter = static_cast<QDragEnterEvent*>(event);
+        if (!enter->mimeData()->hasFormat(DragFormats::Profiles))
+            break;
+        enterDrag(*enter);
+        return true;
+    }
+    case QEvent::Drop: {
+        const QMimeData* dropped = static_cast<QDropEvent*>(event)->mimeData();
+        if (!dropped->hasFormat(DragFormats::Profiles))
+            break;
+        copyProfiles(*dropped);
+        return true;
+    }
+    case QEvent::ContextMenu:
+        profileContextMenuIconClicked(static_cast<QContextMenuEvent*>(event)->globalPos());
+        return true;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void cProfileList::onProfileDragStart()
+{
+    const QList<QListWidgetItem*> selected = selectedItems();
+    if (selected.isEmpty())
+        return;
+    QStringList ids;
+    QPixmap icon;
+    for (const QListWidgetItem* item : selected) {
+        const cProfileItem* tile = tileOf(item);
+        if (!tile)
+            continue;
+        ids.append(tile->id());
+        if (icon.isNull())
+            icon = tile->icon();
+    }
+    // The host may take the list down while the drag runs.
+    const QPointer<cProfileList> self(this);
+    Q_EMIT startDrag();
+    if (!self)
+        return;
+    // The drag owns the data, and Qt deletes the drag. It must not go with the list: Qt still works on it then.
+    auto* const drag = new QDrag(this);
+    drag->setParent(nullptr);
+    drag->setMimeData(DragFormats::makeProfiles(ids).release());
+    drag->setPixmap(icon);
+    drag->exec(Qt::CopyAction);
+    if (!self)
+        return;
+    Q_EMIT endDrag();
+    if (self)
+        setCursor(Qt::ArrowCursor);
+}
+
+void cProfileList::enterDrag(QDragEnterEvent& event) const
+{
+    if (event.source() != this && event.mimeData()->hasFormat(DragFormats::Profiles))
+        event.acceptProposedAction();
+    else
+        event.ignore();
+}
+
+void cProfileList::dragEnterEvent(QDragEnterEvent* event)
+{
+    enterDrag(*event);
+}
+
+void cProfileList::dropEvent(QDropEvent* event)
+{
+    if (event->mimeData()->hasFormat(DragFormats::Profiles))
+        copyProfiles(*event->mimeData());
+}
+
+void cProfileList::copyProfiles(const QMimeData& mimeData)
+{
+    // Taken before the host is called, which may do anything to the drag.
+    const QStringList ids = DragFormats::profileIds(mimeData);
+    for (const QString& id : ids)
+        cProfileMgr().copyProfile(id);
+}
