@@ -1,8 +1,7 @@
-#include <ApplicationLook.h>
+#include <RealLook.h>
 #include <TestCase.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -78,11 +77,7 @@ private Q_SLOTS:
 void StyleSheetTest::initTestCase()
 {
     TestCase::initTestCase();
-    QDir::setSearchPaths(QStringLiteral("MainApp"), {QStringLiteral(SHARE_FOLDER)});
-    ApplicationLook::apply();
-    QFile sheet(QStringLiteral(SHARE_FOLDER "/Resources/style/veltrano.qss"));
-    QVERIFY(sheet.open(QIODevice::ReadOnly));
-    qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    QVERIFY(applyRealLook(QStringLiteral(SHARE_FOLDER)));
 }
 
 void StyleSheetTest::cleanupTestCase()

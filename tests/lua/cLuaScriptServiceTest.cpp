@@ -1,14 +1,13 @@
-#include <ApplicationLook.h>
 #include <cLuaScript.h>
 #include <cLuaScriptService.h>
 #include <EventNames.h>
 #include <IHostWindow.h>
 #include <ProfilesTestCase.h>
+#include <RealLook.h>
 #include <ScriptWindow.h>
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 
@@ -62,11 +61,7 @@ private Q_SLOTS:
 void cLuaScriptServiceTest::initTestCase()
 {
     TestCase::initTestCase();
-    ApplicationLook::apply();
-    QDir::setSearchPaths("MainApp", {QStringLiteral(SHARE_FOLDER)});
-    QFile sheet(QStringLiteral(SHARE_FOLDER "/Resources/style/veltrano.qss"));
-    QVERIFY(sheet.open(QIODevice::ReadOnly));
-    qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    QVERIFY(applyRealLook(QStringLiteral(SHARE_FOLDER)));
 }
 
 void cLuaScriptServiceTest::init()

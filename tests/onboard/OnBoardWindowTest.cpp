@@ -1,9 +1,9 @@
 #include "OnBoardTestCase.h"
 
-#include <ApplicationLook.h>
 #include <DeviceFolder.h>
 #include <DialogDriver.h>
 #include <OnBoardWindow.h>
+#include <RealLook.h>
 
 #include <QComboBox>
 #include <QDir>
@@ -44,11 +44,7 @@ private:
 void OnBoardWindowTest::initTestCase()
 {
     TestCase::initTestCase();
-    ApplicationLook::apply();
-    QDir::setSearchPaths("MainApp", {QStringLiteral(SHARE_FOLDER)});
-    QFile sheet(QStringLiteral(SHARE_FOLDER "/Resources/style/veltrano.qss"));
-    QVERIFY(sheet.open(QIODevice::ReadOnly));
-    qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    QVERIFY(applyRealLook(QStringLiteral(SHARE_FOLDER)));
 }
 
 void OnBoardWindowTest::cleanup()

@@ -1,4 +1,3 @@
-#include <ApplicationLook.h>
 #include <cDevMgrService.h>
 #include <cMacroTypeMgrService.h>
 #include <cProfileMgr.h>
@@ -7,6 +6,7 @@
 #include <Fakes.h>
 #include <IServiceMgr.h>
 #include <PrintWindow.h>
+#include <RealLook.h>
 #include <TestCase.h>
 
 #include <QDir>
@@ -79,12 +79,8 @@ private:
 void PrintWindowTest::initTestCase()
 {
     TestCase::initTestCase();
-    ApplicationLook::apply();
     QCoreApplication::setApplicationName("Veltrano Gaming");
-    QDir::setSearchPaths("MainApp", {QStringLiteral(SHARE_FOLDER)});
-    QFile sheet(QStringLiteral(SHARE_FOLDER "/Resources/style/veltrano.qss"));
-    QVERIFY(sheet.open(QIODevice::ReadOnly));
-    qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    QVERIFY(applyRealLook(QStringLiteral(SHARE_FOLDER)));
     QDir().mkpath(QStringLiteral(PICTURES_FOLDER));
 }
 
