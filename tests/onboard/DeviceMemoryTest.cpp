@@ -27,6 +27,7 @@ private Q_SLOTS:
     void leftoversOfABrokenWriteGo();
     void memoryTakesItsTimeUnlessItMustHurry();
     void memoryThatIsPulledOutKeepsTheOldDocument();
+    void memoryThatIsPulledOutWhileItIsReadSaysSo();
     void memoryThatIsAwaySaysSo();
     void fileInPlaceOfTheMemoryIsNoMemory();
 
@@ -133,6 +134,19 @@ void DeviceMemoryTest::memoryThatIsPulledOutKeepsTheOldDocument()
     QVERIFY(!QFile::exists(m_folder->filePath("memory")));
     QVERIFY(QFile::rename(m_folder->filePath("away"), m_folder->filePath("memory")));
     QCOMPARE(content("a.xml"), QByteArray("old"));
+}
+
+void DeviceMemoryTest::memoryThatIsPulledOutWhileItIsReadSaysSo()
+{
+    DeviceFolder::write(path("a.xml"), QByteArray(8192, 'x'));
+    const DeviceMemory slow = memory(16384);
+    const QFuture<DeviceMemory::Contents> job = QtConcurrent::run([&] { return slow.read(m_noHurry); });
+    QElapsedTimer timer;
+    timer.start();
+    QTRY_VERIFY(timer.elapsed() > 200);
+    QVERIFY(QFile::rename(m_folder->filePath("memory"), m_folder->filePath("away")));
+    QCOMPARE(job.result().error, QString("it was disconnected"));
+    QCOMPARE(job.result().documents.size(), 0);
 }
 
 void DeviceMemoryTest::memoryThatIsAwaySaysSo()
