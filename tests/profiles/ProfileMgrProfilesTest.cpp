@@ -1,8 +1,25 @@
 #include "ProfilesTestCase.h"
 
+#include <IProfilePrinter.h>
+
 #include <QDomDocument>
 
 using namespace TestIds;
+
+namespace {
+
+class FakePrinter : public IProfilePrinter
+{
+public:
+    void print(const Profile& profile, const QString& deviceCategory, const QStringList& keys) override
+    {
+        printed.append(QStringLiteral("%1 %2 %3").arg(profile.name(), deviceCategory, keys.join(',')));
+    }
+
+    QStringList printed;
+};
+
+} // namespace
 
 /// Profiles as a whole: adding, copying, editing, deleting, finding.
 class ProfileMgrProfilesTest : public ProfilesTestCase
@@ -37,7 +54,7 @@ private Q_SLOTS:
     void iconIsKeptAndTakenBack();
     void pointerPropertiesAreKept();
     void profilesOnADeviceAreListed();
-    void printingIsDeclined();
+    void printerGetsProfileCategoryAndKeys();
 };
 
 void ProfileMgrProfilesTest::addedProfileIsKnownWhenItsEventComes()
@@ -429,13 +446,16 @@ void ProfileMgrProfilesTest::profilesOnADeviceAreListed()
     QVERIFY(!profiles().getProfilesToGoXML("", false, {}).contains("Game"));
 }
 
-void ProfileMgrProfilesTest::printingIsDeclined()
+void ProfileMgrProfilesTest::printerGetsProfileCategoryAndKeys()
 {
+    // Without a printer nothing happens.
     profiles().printProfile(Default, Mouse, {"G1"});
-    QCOMPARE(mainUI().messages.size(), 1);
-    QVERIFY(mainUI().messages.first().startsWith(QStringLiteral("Print Profile: Start was not printed")));
+    FakePrinter printer;
+    service().setPrinter(&printer);
+    profiles().printProfile(Default.toLower(), Mouse, {"G1", "G2"});
     profiles().printProfile(Unknown, Mouse, {});
-    QCOMPARE(mainUI().messages.size(), 1);
+    service().setPrinter(nullptr);
+    QCOMPARE(printer.printed, QStringList({"Start Mouse G1,G2"}));
 }
 
 VELTRANO_TEST_MAIN(ProfileMgrProfilesTest)
