@@ -43,7 +43,7 @@ public:
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
-    /// Waits for a visible window whose title holds the text.
+    /// Waits until a window whose title holds the text is there and has the keyboard.
     bool waitForWindow(const QString& title);
     /// Waits until there is none.
     bool waitForNoWindow(const QString& title);
@@ -60,6 +60,8 @@ public:
 
 private:
     void start(const QString& program, const QStringList& arguments, const QString& title);
+    /// The ids of its visible windows whose title holds the text, one a line.
+    QString windows(const QString& title) const;
     bool hasWindow(const QString& title) const;
     static QString xdotool(const QStringList& arguments);
     /// What makes xdotool move the pointer there.
