@@ -2,8 +2,9 @@
 # Installs what is missing, builds and runs the tests, or checks format and static analysis.
 #
 #   ./test.sh [--preset dev|release|asan|coverage] [ctest arguments]
-#   ./test.sh --lint [--all|--format]   checks the format of all sources and analyses those changed since origin/main, or
-#                                       all but the tests, or none
+#   ./test.sh --lint [--all|--product|--format]
+#                                       checks the format of all sources and analyses the targets with a source changed since
+#                                       origin/main, or all, or all but tests, or none
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/tools/setup.sh"
 

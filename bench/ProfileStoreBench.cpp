@@ -136,11 +136,11 @@ void readInto(ProfileBook& book, ProfileStore& store)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    const QStringList arguments = application.arguments();
+    const QStringList arguments = QCoreApplication::arguments();
     const int profiles = arguments.size() > 1 ? arguments[1].toInt() : DefaultProfiles;
     const int commands = arguments.size() > 2 ? arguments[2].toInt() : DefaultCommands;
     const cMacroTypePtr type(new KeysType);
-    const MacroTypeLookup types = [&](const QString&) {
+    const MacroTypeLookup types = [&](const QString&) -> cMacroTypePtr {
         return type;
     };
     const QTemporaryDir folder;

@@ -3,6 +3,7 @@
 #include "cCustomStyle.h"
 #include "cListWidgetItem.h"
 #include "CommandConstants.h"
+#include "cRowList.h"
 #include "cSortGuard.h"
 
 #include <cScaledFont.h>
@@ -42,19 +43,9 @@ QWidget* RowLists::widgetAt(const QListWidget& list, int row)
     return list.indexWidget(list.model()->index(row, 0));
 }
 
-void RowLists::deleteRow(QListWidget& list, int row)
+QWidget* RowLists::widgetAt(const cRowList& list, int row)
 {
-    delete widgetAt(list, row);
-    list.removeItemWidget(list.item(row));
-    delete list.takeItem(row);
-}
-
-void RowLists::deleteRowWidgets(QListWidget& list)
-{
-    for (int i = 0; i < list.count(); ++i) {
-        delete widgetAt(list, i);
-        list.removeItemWidget(list.item(i));
-    }
+    return list.rowWidget(row);
 }
 
 void RowLists::setSortMode(QListWidget& list, int sortMode)

@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <QString>
 
+class cRowList;
 class QPainter;
 
 /// What the command list and the profile list have in common. The rows of both are child widgets set with
@@ -17,24 +18,18 @@ void setUp(QListWidget& list);
 
 /// The row's widget; null if the row has none.
 QWidget* widgetAt(const QListWidget& list, int row);
+QWidget* widgetAt(const cRowList& list, int row);
 
-template<class Row>
-Row* rowAt(const QListWidget& list, int row)
+template<class Row, class List>
+Row* rowAt(const List& list, int row)
 {
     return qobject_cast<Row*>(widgetAt(list, row));
 }
 
-/// The widget of an item that is in the list.
-template<class Row>
-Row* rowOf(const QListWidget& list, const QListWidgetItem* item)
-{
-    return qobject_cast<Row*>(list.itemWidget(const_cast<QListWidgetItem*>(item)));
-}
-
 /// The number of the first row whose widget has that id, -1 if there is none. `idOf` is the member that tells
 /// it.
-template<class Row>
-int findRow(const QListWidget& list, QString (Row::*idOf)() const, const QString& id)
+template<class Row, class List>
+int findRow(const List& list, QString (Row::*idOf)() const, const QString& id)
 {
     for (int i = 0; i < list.count(); ++i) {
         const Row* row = rowAt<Row>(list, i);
@@ -45,9 +40,23 @@ int findRow(const QListWidget& list, QString (Row::*idOf)() const, const QString
 }
 
 /// Deletes the row's widget and then its item.
-void deleteRow(QListWidget& list, int row);
+template<class List>
+void deleteRow(List& list, int row)
+{
+    delete widgetAt(list, row);
+    list.removeItemWidget(list.item(row));
+    delete list.takeItem(row);
+}
+
 /// Deletes the widgets of all rows; the items stay.
-void deleteRowWidgets(QListWidget& list);
+template<class List>
+void deleteRowWidgets(List& list)
+{
+    for (int i = 0; i < list.count(); ++i) {
+        delete widgetAt(list, i);
+        list.removeItemWidget(list.item(i));
+    }
+}
 
 /// Stores the sort mode on all items, see cListWidgetItem. The list stays as it is until its next
 /// sortItems().

@@ -7,6 +7,11 @@ namespace {
 /// The namespace of an item that belongs behind all others.
 const QLatin1String EmptyWell("EmptyWell");
 
+int storedRole(int role)
+{
+    return role == Qt::UserRole + 1 ? cListWidgetItem::NamespaceRole : role;
+}
+
 QString namespaceOf(const QListWidgetItem& item)
 {
     return item.data(cListWidgetItem::NamespaceRole).toString();
@@ -22,6 +27,16 @@ cListWidgetItem::cListWidgetItem(const QString& text, int sortMode)
 void cListWidgetItem::setNamespace(const QString& id)
 {
     setData(NamespaceRole, id);
+}
+
+QVariant cListWidgetItem::data(int role) const
+{
+    return QListWidgetItem::data(storedRole(role));
+}
+
+void cListWidgetItem::setData(int role, const QVariant& value)
+{
+    QListWidgetItem::setData(storedRole(role), value);
 }
 
 bool cListWidgetItem::operator<(const QListWidgetItem& other) const

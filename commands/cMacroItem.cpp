@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -89,7 +90,10 @@ void cMacroItem::setMacro(const cJsonValue& macro)
     if (name != m_nameLabel->text()) {
         m_nameLabel->setText(name);
         setToolTip(name);
+        const QPointer<cMacroItem> self(this);
         Q_EMIT nameChanged(name);
+        if (!self)
+            return;
     }
     showIcon(typeInfo(m_macro));
 }

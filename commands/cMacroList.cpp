@@ -152,7 +152,7 @@ void cMacroList::addMacroRow(const cJsonValue& macro)
 
 cMacroItem* cMacroList::rowOf(const QListWidgetItem* item) const
 {
-    return RowLists::rowOf<cMacroItem>(*this, item);
+    return qobject_cast<cMacroItem*>(rowWidget(item));
 }
 
 int cMacroList::rowByMacroId(const QString& macroID) const

@@ -1,35 +1,69 @@
 #include "cRowList.h"
 
 #include "cRowWidget.h"
-#include "RowLists.h"
 
 #include <QAbstractItemModel>
 #include <QItemSelection>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTimerEvent>
 
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// A list up to this long has all its widgets set at once.
+constexpr int RowsSetAtOnce = 256;
+/// How many waiting widgets are set in one turn of the event loop.
+constexpr int RowsSetInATurn = 16;
+/// After so many milliseconds without a new row a stream of rows has ended.
+constexpr int StreamPause = 50;
+
+} // namespace
+
 cRowList::cRowList(QWidget* parent)
     : QListWidget(parent)
+    , m_waitingRoom(new QWidget(this))
 {
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
+    m_waitingRoom->hide();
 }
 
 cRowList::~cRowList() = default;
 
+QWidget* cRowList::rowWidget(int row) const
+{
+    if (QWidget* widget = indexWidget(model()->index(row, 0)))
+        return widget;
+    return m_waiting.isEmpty() ? nullptr : m_waiting.value(item(row));
+}
+
+QWidget* cRowList::rowWidget(const QListWidgetItem* item) const
+{
+    auto* key = const_cast<QListWidgetItem*>(item);
+    if (QWidget* widget = itemWidget(key))
+        return widget;
+    return m_waiting.value(key);
+}
+
 void cRowList::addRow(QListWidgetItem* item, cRowWidget* widget, bool hidden)
 {
-    // What others have changed meanwhile; nothing is left of it for the short way below.
+    // What others have changed meanwhile; the short way below does not look for it.
     executeDelayedItemsLayout();
-    const QScopedValueRollback<bool> adding(m_addingRow, true);
+    const QScopedValueRollback<bool> known(m_placesAreKnown, true);
     m_rowHeight = item->sizeHint().height();
-    addItem(item);
     widget->setInSight(false);
-    setItemWidget(item, widget);
+    addItem(item);
+    m_waiting.insert(item, widget);
+    const bool isStream = count() > RowsSetAtOnce && m_streamTimer.isActive();
+    if (isStream)
+        widget->setParent(m_waitingRoom);
+    else
+        setWaitingWidget(item);
+    m_streamTimer.start(StreamPause, this);
     if (hidden) {
         const int row = this->row(item);
         m_rows.remove(placeOf(row));
@@ -98,12 +132,21 @@ void cRowList::scrollTo(const QModelIndex& index, ScrollHint hint)
 
 void cRowList::doItemsLayout()
 {
-    if (m_addingRow) {
+    if (m_placesAreKnown) {
         updateGeometries();
         return;
     }
     collectPlaces();
     QAbstractItemView::doItemsLayout();
+}
+
+void cRowList::reset()
+{
+    m_streamTimer.stop();
+    for (const QPointer<cRowWidget>& widget : qAsConst(m_waiting))
+        delete widget;
+    m_waiting.clear();
+    QListWidget::reset();
 }
 
 void cRowList::rowsInserted(const QModelIndex& parent, int start, int end)
@@ -125,6 +168,8 @@ void cRowList::rowsInserted(const QModelIndex& parent, int start, int end)
 void cRowList::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
 {
     QListWidget::rowsAboutToBeRemoved(parent, start, end);
+    for (int i = start; i <= end && !m_waiting.isEmpty(); ++i)
+        delete m_waiting.take(item(i));
     const int first = placeOf(start);
     const int behind = placeOf(end + 1);
     for (int i = behind - 1; i >= first; --i) {
@@ -136,10 +181,18 @@ void cRowList::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int en
         m_rows[i] -= end - start + 1;
 }
 
+void cRowList::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_streamTimer.timerId())
+        setSomeWidgets();
+    else
+        QListWidget::timerEvent(event);
+}
+
 void cRowList::updateGeometries()
 {
     // Not QListView's, which knows nothing of the places here.
-    const int height = m_rows.isEmpty() ? 0 : contentRect(m_rows.size() - 1).bottom() + 1;
+    const int height = m_rows.size() * step();
     const int scrollBy = std::exchange(m_scrollBy, 0);
     QScrollBar* const bar = verticalScrollBar();
     bar->setSingleStep(step());
@@ -177,7 +230,7 @@ QModelIndex cRowList::moveCursor(CursorAction action, Qt::KeyboardModifiers)
         const int here = placeOf(current.row());
         // A current row that is hidden stands between its neighbours.
         const int below = isIndexHidden(current) ? here : here + 1;
-        const int page = qMax(1, viewport()->height() / step());
+        const int page = qMax(1, (viewport()->height() - m_rowHeight) / step());
         switch (action) {
         case MoveUp:
         case MovePrevious:
@@ -236,26 +289,27 @@ int cRowList::placeOf(int row) const
 
 int cRowList::step() const
 {
-    return m_rowHeight + spacing();
+    // Each row has the spacing on all of its sides.
+    return m_rowHeight + 2 * spacing();
 }
 
 QRect cRowList::contentRect(int place) const
 {
-    return QRect(spacing(), spacing() + place * step(), viewport()->width(), m_rowHeight);
+    return QRect(spacing(), spacing() + place * step(), viewport()->width() - 2 * spacing(), m_rowHeight);
 }
 
 cRowList::Places cRowList::placesBetween(int top, int bottom) const
 {
     if (m_rows.isEmpty() || step() <= 0)
         return {};
-    const auto rowsAbove = [this](int y) {
-        return y < spacing() ? -1 : (y - spacing()) / step();
-    };
+    // The spacing around a row belongs to no row.
     Places places;
-    // A gap belongs to no row.
-    places.first =
-        top < spacing() ? 0 : rowsAbove(top) + (contentRect(rowsAbove(top)).bottom() < top ? 1 : 0);
-    places.last = qMin(rowsAbove(bottom), m_rows.size() - 1);
+    places.first = qMax(0, top) / step();
+    if (contentRect(places.first).bottom() < top)
+        ++places.first;
+    places.last = bottom < 0 ? -1 : qMin(bottom / step(), m_rows.size() - 1);
+    if (places.last >= 0 && contentRect(places.last).top() > bottom)
+        --places.last;
     return places;
 }
 
@@ -270,13 +324,20 @@ void cRowList::collectPlaces()
     m_rowHeight = count() > 0 ? item(0)->sizeHint().height() : 0;
 }
 
+cRowList::Places cRowList::placesInSight() const
+{
+    return placesBetween(verticalOffset(), verticalOffset() + viewport()->height() - 1);
+}
+
 void cRowList::showWidgetsInSight()
 {
+    if (!m_waiting.isEmpty())
+        setWidgetsInSight();
     const int offset = verticalOffset();
-    const Places places = placesBetween(offset, offset + viewport()->height() - 1);
+    const Places places = placesInSight();
     QVector<QPointer<cRowWidget>> inSight;
     for (int i = places.first; i <= places.last; ++i) {
-        auto* widget = dynamic_cast<cRowWidget*>(RowLists::widgetAt(*this, m_rows[i]));
+        auto* widget = dynamic_cast<cRowWidget*>(rowWidget(m_rows[i]));
         if (!widget)
             continue;
         widget->setInSight(true);
@@ -291,4 +352,40 @@ void cRowList::showWidgetsInSight()
         widget->hide();
     }
     m_inSight = inSight;
+}
+
+void cRowList::setWidgetsInSight()
+{
+    QVector<QListWidgetItem*> items;
+    const Places places = placesInSight();
+    for (int i = places.first; i <= places.last; ++i) {
+        QListWidgetItem* const item = this->item(m_rows[i]);
+        if (item && m_waiting.contains(item))
+            items.append(item);
+    }
+    if (items.isEmpty())
+        return;
+    const QScopedValueRollback<bool> known(m_placesAreKnown, true);
+    for (QListWidgetItem* const item : qAsConst(items))
+        setWaitingWidget(item);
+    executeDelayedItemsLayout();
+}
+
+void cRowList::setSomeWidgets()
+{
+    executeDelayedItemsLayout();
+    const QScopedValueRollback<bool> known(m_placesAreKnown, true);
+    for (int i = 0; i < RowsSetInATurn && !m_waiting.isEmpty(); ++i)
+        setWaitingWidget(m_waiting.cbegin().key());
+    executeDelayedItemsLayout();
+    if (m_waiting.isEmpty())
+        m_streamTimer.stop();
+    else
+        m_streamTimer.start(0, this);
+}
+
+void cRowList::setWaitingWidget(QListWidgetItem* item)
+{
+    if (QWidget* widget = m_waiting.take(item))
+        setItemWidget(item, widget);
 }

@@ -4,6 +4,7 @@
 #include <QMargins>
 #include <QRgb>
 #include <QSize>
+#include <QtGlobal>
 
 /// Sizes, names and times of the dialogs. Lengths are pixels, times milliseconds.
 namespace DialogConstants {
@@ -33,6 +34,11 @@ inline constexpr int ScanFrameWidth = 64;
 /// The worker's rest behind each game, which keeps it from flooding the window with findings.
 inline constexpr int ScanRest = 10;
 
+// The command editor
+
+/// Between the column of command types and the page of a command.
+inline constexpr int EditorSpacing = 15;
+
 /// The column of command types.
 inline constexpr int IconListMargin = 10;
 inline constexpr int IconListSpacing = 10;
@@ -42,11 +48,14 @@ inline constexpr int IconItemMaxWidth = 140;
 inline constexpr int IconItemSpacing = 5;
 /// How far outside a type the frame stands that marks it while the column has the focus.
 inline constexpr int IconFocusDistance = 3;
+inline constexpr int IconFocusRadius = 6;
 inline constexpr QRgb IconFocusColor = 0xff93c7c7;
 
 /// The page of a command.
 inline constexpr QMargins PageMargins(0, 10, 0, 0);
 inline constexpr int PageSpacing = 5;
+/// How much larger the title is than other texts.
+inline constexpr qreal TitleScale = 1.4;
 /// Below the form, where all height goes that nothing else needs.
 inline constexpr int PageStretch = 1000;
 /// Above the buttons.

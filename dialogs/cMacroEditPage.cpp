@@ -10,6 +10,7 @@
 #include <HelpTopics.h>
 
 #include <QComboBox>
+#include <QFont>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIntValidator>
@@ -46,6 +47,15 @@ QString currentProfile()
     return cMacroBindingView::instance()->getProfileId();
 }
 
+QFont scaled(QFont font, qreal factor)
+{
+    if (font.pixelSize() > 0)
+        font.setPixelSize(qRound(font.pixelSize() * factor));
+    else
+        font.setPointSizeF(font.pointSizeF() * factor);
+    return font;
+}
+
 void setUiType(QWidget* widget, const char* uiType)
 {
     widget->setProperty("uiType", QString::fromLatin1(uiType));
@@ -73,6 +83,7 @@ void cMacroEditPage::createNameField()
     m_titleLabel = new QLabel(this);
     m_titleLabel->setTextFormat(Qt::PlainText);
     setUiType(m_titleLabel, "DialogTitle");
+    m_titleLabel->setFont(scaled(font(), TitleScale));
     m_nameLabel = new QLabel(tr("Name:"), this);
     setUiType(m_nameLabel, "meNameLabel");
     m_nameEdit = new QLineEdit(this);
@@ -95,9 +106,16 @@ void cMacroEditPage::createEditors()
     const QString typeOfRecord = std::as_const(m_macro)["namespace"].toString();
     const IMacroTypePtrList types = cMacroTypeMgr().getAllMacroTypes();
     for (const cMacroTypePtr& type : types) {
-        if (!type || type->isPrivate())
+        if (!type)
             continue;
         const cJsonValue info = type->info();
+        const QString typeName = info["displayname"].toString();
+        const bool isMatch = !m_isNew && info["uid"].toString() == typeOfRecord;
+        if (type->isPrivate()) {
+            if (isMatch)
+                m_titleLabel->setText(typeName);
+            continue;
+        }
         m_stack->addWidget(createEditor(
             *type, info["displayname"].toString(), !m_isNew && info["uid"].toString() == typeOfRecord));
     }
@@ -128,8 +146,11 @@ QWidget* cMacroEditPage::createEditor(IMacroType& type, const QString& typeName,
 
 void cMacroEditPage::createRepeatOptions()
 {
-    m_repeatGroup = new QGroupBox(tr("Repeat Options"), this);
+    m_repeatGroup = new QGroupBox(this);
     setUiType(m_repeatGroup, "GroupBoxTitleWhite");
+    // A group box measures its frame with the title and not again when the style sheet comes.
+    m_repeatGroup->ensurePolished();
+    m_repeatGroup->setTitle(tr("Repeat Options"));
     m_repeatCombo = new QComboBox(m_repeatGroup);
     m_repeatCombo->addItem(tr("None"), int(Repeat::None));
     m_repeatCombo->addItem(tr("While Pressed"), int(Repeat::WhilePressed));
@@ -277,7 +298,7 @@ void cMacroEditPage::cancel()
 
 void cMacroEditPage::ok()
 {
-    if (m_currentEditor && !m_currentEditor->onOK())
+    if (!isFormRight())
         return;
     fillRecord();
     const QString profile = currentProfile();
@@ -299,7 +320,7 @@ void cMacroEditPage::ok()
 
 void cMacroEditPage::add()
 {
-    if (m_currentEditor && !m_currentEditor->onOK())
+    if (!isFormRight())
         return;
     fillRecord();
     const QString profile = currentProfile();
@@ -317,6 +338,14 @@ void cMacroEditPage::add()
     m_cancelButton->setText(tr("Close"));
     // A type with fixed names shows no name field; the button that was pressed is disabled by now.
     focusFirstField();
+}
+
+bool cMacroEditPage::isFormRight()
+{
+    if (m_currentEditor && !m_currentEditor->onOK())
+        return false;
+    // Without a form there is nothing of which a new command could be made.
+    return m_currentEditor || !m_isNew;
 }
 
 IMacroEditor* cMacroEditPage::editorInFront() const

@@ -66,6 +66,8 @@ private:
     void createButtons(bool withAddButton);
     QPushButton* createButton(const QString& text, const char* uiType, const char* slot);
 
+    /// Has the form check itself.
+    bool isFormRight();
     IMacroEditor* editorInFront() const;
     void showName(bool isShown);
     void setSavable(bool isSavable);

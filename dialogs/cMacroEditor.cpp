@@ -2,6 +2,7 @@
 
 #include "cMacroEditPage.h"
 #include "cMacroTypeIconList.h"
+#include "DialogConstants.h"
 #include "DialogSetup.h"
 
 #include <cECMAScript.h>
@@ -19,6 +20,7 @@ cMacroEditor::cMacroEditor(const cJsonValue& macro, QWidget* parent, bool withAd
     , m_page(new cMacroEditPage(m_macro, this, withAddButton))
 {
     auto* const layout = new QHBoxLayout;
+    layout->setSpacing(DialogConstants::EditorSpacing);
     layout->addWidget(m_iconList);
     layout->addWidget(m_page, 1);
     connect(m_page, SIGNAL(accepted(int)), this, SLOT(done(int)));

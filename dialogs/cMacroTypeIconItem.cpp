@@ -2,11 +2,16 @@
 
 #include "DialogConstants.h"
 
+#include <QEvent>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QStringList>
 #include <QVariant>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace DialogConstants;
 
@@ -21,6 +26,21 @@ const QString PlainStyle =
     QStringLiteral("QFrame[uiType=\"MacroTypeIcon\"] { border: 5px solid transparent; }");
 const QString HighlightedTextStyle = QStringLiteral("QLabel { color: white; }");
 const QString PlainTextStyle = QStringLiteral("QLabel { color: #999999; }");
+
+/// The text with places to break in the words that are wider than a line.
+QString breakable(const QString& text, const QFontMetrics& metrics, int width)
+{
+    QStringList words = text.split(QLatin1Char(' '));
+    for (QString& word : words) {
+        if (metrics.horizontalAdvance(word) <= width)
+            continue;
+        for (int i = word.size() - 1; i > 0; --i) {
+            if (!word.at(i).isLowSurrogate() && !word.at(i).isMark())
+                word.insert(i, QChar(0x200b));
+        }
+    }
+    return words.join(QLatin1Char(' '));
+}
 
 } // namespace
 
@@ -50,6 +70,7 @@ cMacroTypeIconItem::cMacroTypeIconItem(const cJsonValue& info, QWidget* parent)
     m_layout->addWidget(m_textLabel, 0, Qt::AlignCenter);
     // The border is there from the start, so that nothing moves when the highlight comes.
     setHighlighted(false);
+    ensurePolished();
 }
 
 void cMacroTypeIconItem::setHighlighted(bool isHighlighted)
@@ -57,6 +78,29 @@ void cMacroTypeIconItem::setHighlighted(bool isHighlighted)
     m_highlighted = isHighlighted;
     setStyleSheet(isHighlighted ? HighlightedStyle : PlainStyle);
     m_textLabel->setStyleSheet(isHighlighted ? HighlightedTextStyle : PlainTextStyle);
+}
+
+bool cMacroTypeIconItem::event(QEvent* event)
+{
+    const bool isHandled = QFrame::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange
+        || event->type() == QEvent::FontChange)
+        fitText();
+    return isHandled;
+}
+
+void cMacroTypeIconItem::fitText()
+{
+    m_textLabel->ensurePolished();
+    // The highlight has a frame of its own; the name is not to be broken anew with it.
+    if (!m_highlighted)
+        m_frameWidth = contentsMargins().left() + contentsMargins().right();
+    const QFontMetrics metrics = m_textLabel->fontMetrics();
+    const int widest = IconItemMaxWidth - m_frameWidth;
+    m_textLabel->setText(breakable(m_displayName, metrics, widest));
+    // The advance is rounded, and a pixel too little breaks the line.
+    const int width = std::min(metrics.horizontalAdvance(m_displayName) + 1, widest);
+    m_textLabel->setFixedSize(width, std::max(m_textLabel->heightForWidth(width), 0));
 }
 
 void cMacroTypeIconItem::mousePressEvent(QMouseEvent* event)

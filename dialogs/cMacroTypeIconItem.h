@@ -26,10 +26,14 @@ Q_SIGNALS:
     void clicked(const QString& macroTypeID);
 
 protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
     Q_DISABLE_COPY(cMacroTypeIconItem)
+
+    /// Gives the name the room that it needs in the present font, so that no layout can clip it.
+    void fitText();
 
     QString m_macroTypeID;
     QString m_displayName;
@@ -38,4 +42,6 @@ private:
     QLabel* m_iconLabel = nullptr;
     QLabel* m_textLabel = nullptr;
     bool m_highlighted = false;
+    /// Left and right of the content.
+    int m_frameWidth = 0;
 };

@@ -71,6 +71,11 @@ int cMacroTypeIconList::indexOf(const QString& macroTypeID) const
     return item == m_items.end() ? 0 : int(item - m_items.begin());
 }
 
+QSize cMacroTypeIconList::minimumSizeHint() const
+{
+    return {sizeHint().width(), QFrame::minimumSizeHint().height()};
+}
+
 void cMacroTypeIconList::onMacroTypeItemClicked(const QString& macroTypeID)
 {
     for (int i = 0; i < m_items.size(); ++i) {
@@ -136,7 +141,11 @@ void cMacroTypeIconList::paintEvent(QPaintEvent* event)
         return;
     const QRect marked = m_items[std::max(highlightedIndex(), 0)]->geometry();
     QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QColor(IconFocusColor));
-    painter.drawRect(marked.adjusted(
-        -IconFocusDistance, -IconFocusDistance, IconFocusDistance - 1, IconFocusDistance - 1));
+    // In the middle of the pixels, so that the line is one pixel wide.
+    const QRectF frame = QRectF(marked).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(
+        frame.adjusted(-IconFocusDistance, -IconFocusDistance, IconFocusDistance, IconFocusDistance),
+        IconFocusRadius, IconFocusRadius);
 }

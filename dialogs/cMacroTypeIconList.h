@@ -25,6 +25,9 @@ public:
     int indexOf(const QString& macroTypeID) const;
     int count() const { return m_items.size(); }
 
+    /// The names of the types need their whole width.
+    QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     void macroTypeSelected(int idx);
 

@@ -8,7 +8,6 @@
 
 #include <QCursor>
 #include <QGraphicsPixmapItem>
-#include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
 #include <QPixmap>
 #include <QPointer>
@@ -218,7 +217,6 @@ void Gkey::mousePressEvent(QGraphicsSceneMouseEvent* event)
         return;
     if (m_macroID.isEmpty()) {
         if (cProfileMgr().macros(m_view->getProfileId()) == cJsonValue()) {
-            releaseMouse();
             onAddNewMacro();
         } else {
             Q_EMIT showTooltip(
@@ -239,18 +237,10 @@ void Gkey::mouseReleaseEvent(QGraphicsSceneMouseEvent*)
 
 void Gkey::mouseDoubleClickEvent(QGraphicsSceneMouseEvent*)
 {
-    releaseMouse();
     if (m_macroID.isEmpty())
         onAddNewMacro();
     else
         onEditMacro();
-}
-
-void Gkey::releaseMouse()
-{
-    QGraphicsItem* const grabber = scene() ? scene()->mouseGrabberItem() : nullptr;
-    if (grabber)
-        grabber->ungrabMouse();
 }
 
 void Gkey::onEditMacro()

@@ -157,9 +157,6 @@ private:
 
     /// Whether the command on the key can be dragged away, apart from which command it is.
     bool holdsVisibleMacro() const { return !m_macroID.isEmpty() && !m_macroHidden; }
-    /// Ends the grab that a press made: the release goes to the window that a handler opens.
-    void releaseMouse();
-
     bool wantsDrag(const QMimeData& data) const;
     void takeDrop(const QString& macroID);
     void dragAssignment(QWidget* source);

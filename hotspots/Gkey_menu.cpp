@@ -24,7 +24,7 @@ void Gkey::contextMenuEvent(QGraphicsSceneContextMenuEvent* event)
 void Gkey::onClickedContextButton(const QPoint& point)
 {
     if (const QWidget* window = MainWindowMenu::window())
-        showContextMenu(window->mapToGlobal(point));
+        showContextMenu(MainWindowMenu::globalPosOf(*window, scene(), point));
 }
 
 void Gkey::showContextMenu(const QPoint& globalPos)

@@ -37,6 +37,8 @@ inline constexpr int WellPitch = 68;
 inline constexpr QPoint FirstWellPos(8, 17);
 /// What counts as a well while the pointer moves; a press goes by the size of the picture.
 inline constexpr QRect WellHoverArea(8, 17, 54, 54);
+/// Behind the last well: the rest of its tile and the spacing.
+inline constexpr int EmptyMargin = TileSize.width() - (TileWellPos.x() + WellHoverArea.width()) + ListSpacing;
 /// The start of the base line of "No Results".
 inline constexpr QPoint NoResultsPos(20, 55);
 

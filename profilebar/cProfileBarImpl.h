@@ -6,7 +6,7 @@ class cProfileBar;
 
 /// A profile bar for another module, which embeds its item, its list and its search frame. Nothing here owns
 /// them or the bar: the module keeps what it got as long as the process runs.
-class cProfileBarImpl : public IProfileBar
+class cProfileBarImpl final : public IProfileBar
 {
     Q_DISABLE_COPY(cProfileBarImpl)
 

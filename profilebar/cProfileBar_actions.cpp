@@ -70,7 +70,7 @@ void cProfileBar::onNewMenuClicked(const QPoint& point)
         group->addAction(copy);
     }
     connect(group, SIGNAL(triggered(QAction*)), SLOT(onCopyProfileClicked(QAction*)));
-    MainWindowMenu::run(menu, this, window->mapToGlobal(point));
+    MainWindowMenu::run(menu, this, MainWindowMenu::globalPosOf(*window, scene(), point));
 }
 
 void cProfileBar::onCopyProfileClicked(QAction* profileAction)
@@ -87,7 +87,7 @@ void cProfileBar::onSaveMenuClicked()
     menu->addAction(tr("Import..."), this, SLOT(onMenuImportProfile()));
     menu->addAction(tr("Export..."), this, SLOT(onMenuExportProfile()));
     const QPointF corner = m_importButton->mapToScene(ImportMenuPos);
-    MainWindowMenu::run(menu, this, window->mapToGlobal(corner.toPoint()));
+    MainWindowMenu::run(menu, this, MainWindowMenu::globalPosOf(*window, scene(), corner.toPoint()));
 }
 
 void cProfileBar::onMenuImportProfile()

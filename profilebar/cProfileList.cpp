@@ -151,7 +151,7 @@ cProfileItem* cProfileList::tileAt(int row) const
 
 cProfileItem* cProfileList::tileOf(const QListWidgetItem* item) const
 {
-    return RowLists::rowOf<cProfileItem>(*this, item);
+    return qobject_cast<cProfileItem*>(itemWidget(const_cast<QListWidgetItem*>(item)));
 }
 
 int cProfileList::rowOfProfile(const QString& id) const
@@ -188,7 +188,12 @@ void cProfileList::selectRow(int row)
         row = rowOfProfile(id);
     }
     if (QListWidgetItem* current = item(row)) {
-        setCurrentItem(current);
+        // Without a choice of ours, what was selected before would stay so when tiles have come or gone
+        // since.
+        if (current->isSelected())
+            setCurrentItem(current);
+        else
+            setCurrentItem(current, QItemSelectionModel::ClearAndSelect);
         scrollToItem(current, QAbstractItemView::EnsureVisible);
     }
 }

@@ -105,6 +105,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void updateGeometries() override;
     /// Opens the menu by the keyboard.
     void contextMenuEvent(QContextMenuEvent* event) override;
 

@@ -9,6 +9,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 using namespace ProfileBarConstants;
 
@@ -51,6 +52,8 @@ void cProfileList::onSearch(const QString& name)
         const bool isFound = !m_searchActive || m_searchHits.contains(item(row));
         item(row)->setHidden(!isFound || (tile && isHiddenByDevice(tile->deviceId())));
     }
+    if (!m_searchHits.isEmpty())
+        scrollToItem(m_searchHits.first(), QAbstractItemView::EnsureVisible);
     refreshMouseTracking();
     viewport()->update();
 }
@@ -130,6 +133,18 @@ void cProfileList::mousePressEvent(QMouseEvent* event)
         }
     }
     QListWidget::mousePressEvent(event);
+}
+
+void cProfileList::updateGeometries()
+{
+    // Six tiles fit but for what stands empty beside the last; nobody wants to scroll for that.
+    const QSize contents = contentsSize();
+    const int overhang = contents.width() - viewport()->width();
+    if (overhang > 0 && overhang <= EmptyMargin)
+        resizeContents(viewport()->width(), contents.height());
+    QListWidget::updateGeometries();
+    // By whole tiles; the base class leaves out a part of the spacing.
+    horizontalScrollBar()->setSingleStep(WellPitch);
 }
 
 void cProfileList::enterEvent(QEvent* event)

@@ -2,6 +2,9 @@
 
 #include <cMainUI.h>
 
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QList>
 #include <QMenu>
 #include <QPointer>
 #include <QtDebug>
@@ -13,6 +16,17 @@ QWidget* MainWindowMenu::window()
     if (!window)
         qCritical("Main Window is returning NULL window");
     return window;
+}
+
+QPoint MainWindowMenu::globalPosOf(
+    const QWidget& window, const QGraphicsScene* scene, const QPoint& scenePoint)
+{
+    const QList<QGraphicsView*> views = scene ? scene->views() : QList<QGraphicsView*>();
+    for (const QGraphicsView* view : views) {
+        if (window.isAncestorOf(view))
+            return view->viewport()->mapToGlobal(view->mapFromScene(scenePoint));
+    }
+    return window.mapToGlobal(scenePoint);
 }
 
 QPoint MainWindowMenu::placeInside(const QWidget& window, const QMenu& menu, const QPoint& globalPos)

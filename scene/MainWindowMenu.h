@@ -2,6 +2,7 @@
 
 #include <QPoint>
 
+class QGraphicsScene;
 class QMenu;
 class QObject;
 class QWidget;
@@ -12,6 +13,10 @@ namespace MainWindowMenu {
 /// The parent of a menu. Null if the host has no main window; that has then been written to the log, and no
 /// menu is to open.
 QWidget* window();
+
+/// Where a point of the scene is on the screen. The canvas fills the window, unless the host has one of the
+/// scene's views stand in it elsewhere.
+QPoint globalPosOf(const QWidget& window, const QGraphicsScene* scene, const QPoint& scenePoint);
 
 /// The place at which the menu opens when it is wished at `globalPos`: moved to the left as far as it would
 /// pass the window's right edge.

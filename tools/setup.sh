@@ -9,7 +9,7 @@ build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libxcb1-dev nloh
 run_packages=(fonts-liberation fonts-dejavu-core icoutils xvfb xauth openbox)
 # binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources.
 test_packages=(xdotool x11-utils binutils python3 librsvg2-bin)
-lint_packages=(clang-format clang-tidy git)
+lint_packages=(clang-format clang-tidy git python3)
 
 say() { printf '%s\n' "$*" >&2; }
 

@@ -131,7 +131,7 @@ cJsonValue& cJsonValue::append(const cJsonValue& element)
     if (!isNull() && !isArray())
         return *this;
     // As in an assignment: the element may be this value.
-    const cJsonValue copy(element);
+    const cJsonValue copy(element); // NOLINT(performance-unnecessary-copy-initialization)
     if (isNull())
         *this = cJsonValue(arrayValue);
     if (isArray())

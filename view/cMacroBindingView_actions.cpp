@@ -12,6 +12,7 @@
 #include <MainWindowMenu.h>
 #include <PluginContext.h>
 
+#include <QGraphicsScene>
 #include <QMenu>
 #include <QPixmap>
 #include <QWidget>
@@ -57,7 +58,7 @@ void cMacroBindingView::onSortIconClicked(const QPoint& point)
     QWidget* const window = MainWindowMenu::window();
     if (!window)
         return;
-    const QPoint place = window->mapToGlobal(point);
+    const QPoint place = MainWindowMenu::globalPosOf(*window, m_scene, point);
     auto* const menu = new QMenu(window);
     QMenu* const byName = menu->addMenu(tr("Sort by Name..."));
     byName->addAction(tr("Ascending"), this, SLOT(sortMacroNameAscending()));

@@ -19,6 +19,7 @@
 #include <QBitmap>
 #include <QBrush>
 #include <QDebug>
+#include <QDrag>
 #include <QFrame>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsRectItem>
@@ -121,6 +122,16 @@ void setLabelPlace(Gkey& key, const cJsonValue& control)
         key.setConnectLine(point(control, "assignment_label_line_x1", "assignment_label_line_y1"),
             point(control, "assignment_label_line_x2", "assignment_label_line_y2"));
     }
+}
+
+/// Ends a drag that has its source on the canvas. Qt would go on with it, and use it after the source had taken it along.
+void endDrags(const QWidget& canvas)
+{
+    const QList<QDrag*> drags = canvas.findChildren<QDrag*>();
+    for (QDrag* drag : drags)
+        drag->setParent(nullptr);
+    if (!drags.isEmpty())
+        QDrag::cancel();
 }
 
 } // namespace
@@ -275,6 +286,8 @@ void cMacroBindingView::onPopulatedMacros()
 
 void cMacroBindingView::removeScene()
 {
+    if (m_canvas)
+        endDrags(*m_canvas);
     clearLabels();
     for (QPointer<Gkey>& key : m_hotspots)
         delete key;

@@ -62,7 +62,6 @@ HostApplication::~HostApplication()
     m_mainUI->setWindow(nullptr);
     m_mainApp->setWindow(nullptr);
     m_featureViews->setWindow(nullptr);
-    m_help->setWindow(nullptr);
     m_profileActions.reset();
     m_window.reset();
 }
@@ -119,7 +118,6 @@ void HostApplication::createWindow()
     m_mainUI->setWindow(m_window.get());
     m_mainApp->setWindow(m_window.get());
     m_featureViews->setWindow(m_window.get());
-    m_help->setWindow(m_window.get());
 
     connect(m_settings.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_devices.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));

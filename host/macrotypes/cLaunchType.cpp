@@ -8,7 +8,7 @@
 
 namespace {
 
-const RecordFields Fields {{"path", RecordField::Kind::Text, true},
+const RecordFields LaunchFields {{"path", RecordField::Kind::Text, true},
     {"arguments", RecordField::Kind::Text, false}, {"folder", RecordField::Kind::Text, false}};
 
 } // namespace
@@ -25,7 +25,7 @@ cLaunchType::cLaunchType(InputSinkPtr sink)
             // A held key would start program after program.
             traits.isRepeatable = false;
             traits.tag = QLatin1String("launch");
-            traits.fields = Fields;
+            traits.fields = LaunchFields;
             return traits;
         }(),
         std::move(sink))
@@ -38,7 +38,7 @@ IMacroEditor* cLaunchType::editor(cJsonValue macroData)
 
 std::optional<LaunchInput> cLaunchType::fromData(const cJsonValue& data)
 {
-    if (!RecordXml::holds(data, Fields) || data["path"].toString().isEmpty())
+    if (!RecordXml::holds(data, LaunchFields) || data["path"].toString().isEmpty())
         return std::nullopt;
     return LaunchInput {data["path"].toString(), data["arguments"].toString(), data["folder"].toString()};
 }

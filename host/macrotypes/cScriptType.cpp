@@ -10,7 +10,7 @@
 
 namespace {
 
-const RecordFields Fields {
+const RecordFields ScriptFields {
     {"function", RecordField::Kind::Text, true}, {"argument", RecordField::Kind::Text, false}};
 
 } // namespace
@@ -25,7 +25,7 @@ cScriptType::cScriptType(InputSinkPtr sink)
             traits.controlTypes = anyControl();
             traits.priority = MacroTypePriority::Script;
             traits.tag = QLatin1String("script");
-            traits.fields = Fields;
+            traits.fields = ScriptFields;
             return traits;
         }(),
         std::move(sink))
@@ -38,7 +38,7 @@ IMacroEditor* cScriptType::editor(cJsonValue macroData)
 
 std::optional<ScriptInput> cScriptType::fromData(const cJsonValue& data)
 {
-    if (!RecordXml::holds(data, Fields) || !isFunctionName(data["function"].toString()))
+    if (!RecordXml::holds(data, ScriptFields) || !isFunctionName(data["function"].toString()))
         return std::nullopt;
     return ScriptInput {data["function"].toString(), data["argument"].toString()};
 }

@@ -1,6 +1,5 @@
 #include "cHelpMgrService.h"
 
-#include "IHostWindow.h"
 #include "ServiceConstants.h"
 
 #include <EventNames.h>
@@ -106,7 +105,9 @@ QString cHelpMgrService::findFile(const Page& page, const QString& topic)
 
 HelpWindow& cHelpMgrService::window()
 {
+    // It belongs to no window: a dialog blocks all windows of the one that it belongs to, and help is what
+    // its user asks for.
     if (!m_helpWindow)
-        m_helpWindow = new HelpWindow(m_window ? m_window->widget() : nullptr);
+        m_helpWindow = new HelpWindow;
     return *m_helpWindow;
 }

@@ -7,8 +7,6 @@
 #include <QList>
 #include <QPointer>
 
-class IHostWindow;
-
 /// The help pages that plug-ins have registered, and the window that shows them.
 ///
 /// The address of a page, "qthelp://<section>/doc/<language>_<COUNTRY>/<file>", tells its section. A topic is
@@ -22,9 +20,6 @@ class cHelpMgrService : public IHelpMgr
 public:
     explicit cHelpMgrService(QObject* parent = nullptr);
     ~cHelpMgrService() override;
-
-    /// The window to which the help window belongs; null while there is none. It outlives the service.
-    void setWindow(IHostWindow* window) { m_window = window; }
 
     /// Has all providers register their pages. What is registered already stays.
     void askProviders();
@@ -56,6 +51,5 @@ private:
     HelpWindow& window();
 
     QList<Page> m_pages;
-    IHostWindow* m_window = nullptr;
     QPointer<HelpWindow> m_helpWindow;
 };

@@ -55,7 +55,7 @@ QString PluginLoaderTest::copyOf(const QString& name, const QString& newName)
 
 QStringList PluginLoaderTest::takeLog()
 {
-    const QStringList log = qApp->property("pluginLog").toStringList();
+    QStringList log = qApp->property("pluginLog").toStringList();
     qApp->setProperty("pluginLog", QVariant());
     return log;
 }

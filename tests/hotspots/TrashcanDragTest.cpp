@@ -1,8 +1,7 @@
-#include "RealPointer.h"
-
 #include <cProfileTrashcanGraphicsItem.h>
 #include <cProfileTrashcanWidget.h>
 #include <DragFormats.h>
+#include <RealPointer.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 

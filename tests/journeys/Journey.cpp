@@ -10,23 +10,25 @@
 #include <QtTest>
 
 #include <tuple>
+#include <utility>
 
 namespace {
 
 /// Longest wait for something that the application does, in milliseconds.
 constexpr int Patience = 20000;
+/// Longer than anything stands still in the middle of a movement.
+constexpr int LookInterval = 500;
 
 } // namespace
 
-Journey::Journey(const QStringList& arguments, const QMap<QString, QByteArray>& files)
+Journey::Journey(const QStringList& arguments)
+    : m_arguments(QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments)
 {
-    for (auto file = files.begin(); file != files.end(); ++file) {
-        QFile written(dataFile(file.key()));
-        if (!written.open(QIODevice::WriteOnly) || written.write(file.value()) != file.value().size())
-            return;
-    }
-    start(QStringLiteral(JOURNEY_APPLICATION),
-        QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments, QStringLiteral("Veltrano"));
+    QFile settings(dataFile(QStringLiteral("settings.json")));
+    if (settings.open(QFile::WriteOnly))
+        settings.write(R"({"settings": {"profiler": {"autoScannedForGames": true}}, "version": 1})");
+    settings.close();
+    start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
 }
 
 Journey::Journey(const QString& program, const QStringList& arguments, const QString& title)
@@ -46,12 +48,9 @@ void Journey::start(const QString& program, const QStringList& arguments, const 
     m_process.start(program, arguments);
     if (!m_process.waitForStarted())
         return;
-    const QString processId = QString::number(m_process.processId());
     std::ignore = QTest::qWaitFor(
         [&] {
-            m_window = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                   QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
-                           .section(QLatin1Char('\n'), 0, 0);
+            m_window = windows(title).section(QLatin1Char('\n'), 0, 0);
             return !m_window.isEmpty() || m_process.state() != QProcess::Running;
         },
         Patience);
@@ -75,22 +74,94 @@ QString Journey::xdotool(const QStringList& arguments)
     return QString::fromLocal8Bit(process.readAllStandardOutput()).trimmed();
 }
 
-void Journey::click(const QPoint& point)
+bool Journey::restart()
 {
-    xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), m_window, QString::number(point.x()),
-        QString::number(point.y()), QStringLiteral("click"), QStringLiteral("1")});
+    key(QStringLiteral("ctrl+q"));
+    if (!waitForEnd() || hasCrashed())
+        return false;
+    errors();
+    m_window.clear();
+    start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
+    return isRunning();
+}
+
+QString Journey::windows(const QString& title) const
+{
+    // Without "--all" one of the conditions is enough.
+    return xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+        QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), title});
+}
+
+QStringList Journey::moveCommand(const QPoint& point) const
+{
+    return {QStringLiteral("mousemove"), QStringLiteral("--window"), m_window, QString::number(point.x()),
+        QString::number(point.y())};
+}
+
+void Journey::moveTo(const QPoint& point)
+{
+    xdotool(moveCommand(point));
+}
+
+void Journey::click(const QPoint& point, int button)
+{
+    xdotool(moveCommand(point) + QStringList({QStringLiteral("click"), QString::number(button)}));
+}
+
+void Journey::doubleClick(const QPoint& point)
+{
+    xdotool(moveCommand(point)
+        + QStringList({QStringLiteral("click"), QStringLiteral("--repeat"), QStringLiteral("2"),
+            QStringLiteral("--delay"), QStringLiteral("80"), QStringLiteral("1")}));
+}
+
+void Journey::clickWith(const QString& key, const QPoint& point)
+{
+    xdotool(QStringList({QStringLiteral("keydown"), key}) + moveCommand(point)
+        + QStringList({QStringLiteral("click"), QStringLiteral("1"), QStringLiteral("keyup"), key}));
+}
+
+void Journey::drag(const QPoint& from, const QPoint& to)
+{
+    constexpr int Steps = 8;
+    // Not to be taken for the second press of a double click.
+    const QStringList settle {QStringLiteral("sleep"), QStringLiteral("0.6")};
+    const QStringList pause {QStringLiteral("sleep"), QStringLiteral("0.05")};
+    QStringList commands =
+        moveCommand(from) + settle + QStringList({QStringLiteral("mousedown"), QStringLiteral("1")});
+    for (int step = 1; step <= Steps; ++step)
+        commands += pause + moveCommand(from + (to - from) * step / Steps);
+    // A drag looks around when the pointer moves: once more at the end, and with time for the answer.
+    commands += QStringList({QStringLiteral("sleep"), QStringLiteral("0.3")}) + moveCommand(to + QPoint(1, 1))
+        + QStringList(
+            {QStringLiteral("sleep"), QStringLiteral("0.3"), QStringLiteral("mouseup"), QStringLiteral("1")});
+    xdotool(commands);
+}
+
+void Journey::type(const QString& text)
+{
+    xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("40"), text});
 }
 
 bool Journey::hasWindow(const QString& title) const
 {
-    return !xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                        QString::number(m_process.processId()), QStringLiteral("--name"), title})
-                .isEmpty();
+    return !windows(title).isEmpty();
 }
 
 bool Journey::waitForWindow(const QString& title)
 {
-    return QTest::qWaitFor([&] { return hasWindow(title); }, Patience);
+    return QTest::qWaitFor(
+        [&] {
+            return hasWindow(title)
+                && xdotool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")})
+                       .contains(title);
+        },
+        Patience);
+}
+
+bool Journey::waitForNoWindow(const QString& title)
+{
+    return QTest::qWaitFor([&] { return !hasWindow(title); }, Patience);
 }
 
 void Journey::key(const QString& chord)
@@ -98,14 +169,21 @@ void Journey::key(const QString& chord)
     xdotool({QStringLiteral("key"), chord});
 }
 
-void Journey::type(const QString& text)
-{
-    xdotool({QStringLiteral("type"), text});
-}
-
 QImage Journey::picture() const
 {
     return QGuiApplication::primaryScreen()->grabWindow(WId(m_window.toULongLong())).toImage();
+}
+
+QImage Journey::restingPicture(const QRect& area) const
+{
+    QImage last = picture().copy(area);
+    std::ignore = QTest::qWaitFor(
+        [&] {
+            QTest::qWait(LookInterval);
+            return std::exchange(last, picture().copy(area)) == last;
+        },
+        Patience);
+    return last;
 }
 
 QImage Journey::screen()

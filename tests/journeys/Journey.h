@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QByteArray>
 #include <QImage>
-#include <QMap>
 #include <QPoint>
 #include <QProcess>
+#include <QRect>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -14,30 +13,40 @@
 class Journey
 {
 public:
-    /// Starts the application and waits for its window. Check isRunning() afterwards. `files` are in its data
-    /// folder before, by their names.
-    explicit Journey(const QStringList& arguments = {}, const QMap<QString, QByteArray>& files = {});
+    /// Starts the application and waits for its window. Check isRunning() afterwards. It has been started
+    /// before: what is offered at the very first start is not.
+    explicit Journey(const QStringList& arguments = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
     ~Journey();
 
     bool isRunning() const { return m_process.state() == QProcess::Running && !m_window.isEmpty(); }
 
-    void click(const QPoint& point);
+    /// Ends the application as its user does and starts it anew on the same data.
+    bool restart();
+
+    void click(const QPoint& point, int button = 1);
+    void doubleClick(const QPoint& point);
+    /// With a key of the keyboard held down meanwhile.
+    void clickWith(const QString& key, const QPoint& point);
+    /// With the left button, in steps as a hand does.
+    void drag(const QPoint& from, const QPoint& to);
+    void moveTo(const QPoint& point);
+    void type(const QString& text);
     /// A key or a chord in xdotool's names, as in "ctrl+q".
     void key(const QString& chord);
-    /// Characters, one key after the other.
-    void type(const QString& text);
 
     /// What the window shows now.
     QImage picture() const;
+    /// What an area of the window shows once two looks at it in a row show the same.
+    QImage restingPicture(const QRect& area) const;
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
-    /// True if there is a visible window whose title holds the text.
-    bool hasWindow(const QString& title) const;
-    /// Waits for a visible window whose title holds the text.
+    /// Waits until a window whose title holds the text is there and has the keyboard.
     bool waitForWindow(const QString& title);
+    /// Waits until there is none.
+    bool waitForNoWindow(const QString& title);
     /// Writes what the window shows to the pictures of the build tree.
     bool savePicture(const QString& name) const;
 
@@ -51,9 +60,15 @@ public:
 
 private:
     void start(const QString& program, const QStringList& arguments, const QString& title);
+    /// The ids of its visible windows whose title holds the text, one a line.
+    QString windows(const QString& title) const;
+    bool hasWindow(const QString& title) const;
     static QString xdotool(const QStringList& arguments);
+    /// What makes xdotool move the pointer there.
+    QStringList moveCommand(const QPoint& point) const;
 
     QTemporaryDir m_data;
+    QStringList m_arguments;
     QProcess m_process;
     /// Id of the main window, as xdotool has it.
     QString m_window;

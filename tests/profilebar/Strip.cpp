@@ -73,8 +73,8 @@ void Strip::click(const QString& name, Qt::KeyboardModifiers modifiers)
 {
     for (int row = 0; row < list.count(); ++row) {
         if (list.profileId(row) == ProfileHost::idOf(name)) {
-            QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers,
-                list.visualItemRect(list.item(row)).center());
+            QTest::mouseClick(
+                list.viewport(), Qt::LeftButton, modifiers, list.visualItemRect(list.item(row)).center());
         }
     }
 }

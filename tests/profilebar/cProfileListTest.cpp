@@ -43,6 +43,7 @@ private Q_SLOTS:
     void deselectedCurrentStaysMarked();
     void selectingOthersMakesTheFirstCurrent();
     void selectProfileFindsItsRow();
+    void selectProfileLeavesNoOtherSelected();
 
     void tilesAreSortedByName();
     void addedProfileIsSelected();
@@ -239,6 +240,17 @@ void cProfileListTest::selectProfileFindsItsRow()
     QCOMPARE(strip.current(), QStringList());
     strip.list.selectRow(-1);
     QCOMPARE(strip.current(), QStringList());
+}
+
+void cProfileListTest::selectProfileLeavesNoOtherSelected()
+{
+    Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
+    // A new row is what selections are kept over.
+    strip.host.add("Device", "device-1");
+    strip.list.selectProfile("{Beta}");
+    QCOMPARE(strip.selected(), QStringList("Beta"));
+    QCOMPARE(
+        strip.host.takeRequests(), QStringList(R"(setPropertyString("profiler/lastProfile", "{Beta}"))"));
 }
 
 void cProfileListTest::tilesAreSortedByName()

@@ -82,6 +82,7 @@ void cScaledFontTest::sizeNotAboveZeroCountsAsTheDefault()
 void cScaledFontTest::plainCopyKeepsTheScaledSize()
 {
     const cScaledFont scaled("Arial", 9.0, QFont::Bold);
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization, cppcoreguidelines-slicing): what is tested
     const QFont plain = scaled;
     QCOMPARE(plain.pointSizeF(), scaled.pointSizeF());
     QCOMPARE(plain.weight(), scaled.weight());

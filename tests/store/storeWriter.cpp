@@ -11,8 +11,8 @@
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
-    const QString folder = application.arguments().value(1);
+    const QCoreApplication application(argc, argv);
+    const QString folder = QCoreApplication::arguments().value(1);
     std::map<QString, Profile> profiles;
     ProfileStore store(folder, {}, [&](const QString& id) {
         const auto found = profiles.find(id.toUpper());

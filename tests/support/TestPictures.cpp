@@ -44,7 +44,7 @@ TestPictures::~TestPictures()
 
 QString TestPictures::add(const QString& name, const QPixmap& picture)
 {
-    const QString path = m_folder.filePath(QStringLiteral("Resources/images/") + name);
+    QString path = m_folder.filePath(QStringLiteral("Resources/images/") + name);
     if (!picture.save(path))
         qFatal("can't store the picture %s", qPrintable(name));
     return path;

@@ -233,7 +233,7 @@ void FileReadDomTest::errorWhileReadingIsReported()
 void FileReadDomTest::hugeFileIsRefusedAtOnce()
 {
     const QString path = write("<a>");
-    constexpr qint64 size = 100 * 1000 * 1000;
+    constexpr qint64 size = 100'000'000;
     QVERIFY(QFile::resize(path, size));
     QElapsedTimer time;
     time.start();

@@ -43,7 +43,8 @@ ValueModel* ValueModel::element(int index)
 
 void ValueModel::append(const ValueModel& element)
 {
-    const ValueModel copy(element);
+    // The element may be this value or lie in it.
+    const ValueModel copy(element); // NOLINT(performance-unnecessary-copy-initialization)
     if (m_type == cJsonValue::nullValue)
         m_type = cJsonValue::arrayValue;
     if (m_type == cJsonValue::arrayValue)

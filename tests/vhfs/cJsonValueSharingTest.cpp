@@ -81,7 +81,7 @@ void cJsonValueSharingTest::copySharesItsElements()
     original.append("one").append("two");
     const cJsonValue* element = nullptr;
     {
-        const cJsonValue copy(original);
+        const cJsonValue copy(original); // NOLINT(performance-unnecessary-copy-initialization)
         element = &copy[1];
         QCOMPARE(&copy[1], element);
     }

@@ -138,6 +138,10 @@ void ViewSceneTest::hostSeesTheStepsInOrder()
         // The list of commands.
         "subscribe Profiler_Events on",
         "subscribe ProfileMgr_Events on",
+        // The list of profiles, and the bar around it.
+        "subscribe ProfileMgr_Events on",
+        "Profiler.ProfileMgr profiles() -> cJsonValue",
+        "subscribe ProfileMgr_Events on",
         "MainApp.MainApp inForeground() -> bool",
         "Profiler.Profiler mKeyToString(MKey::MKey_t 1) -> QString",
         "VGFSettings.Settings getPropertyBool(const QString \"profiler/autoScannedForGames\", bool false) -> "
@@ -155,8 +159,8 @@ void ViewSceneTest::hostSeesNoModesOfADeviceWithoutThem()
     fixture.host.clear();
     fixture.host.publishDeviceTransformEnd();
     QCOMPARE(fixture.host.takeCalls(),
-        QStringList({"getMState(\"pad\")", "getPropertyBool(\"profiler/autoScannedForGames\", false)",
-            "raiseDeviceBar()"}));
+        QStringList({"getMState(\"pad\")", "profiles()",
+            "getPropertyBool(\"profiler/autoScannedForGames\", false)", "raiseDeviceBar()"}));
     QCOMPARE(fixture.items<cGraphicsItemGroup>().size(), 0);
     QVERIFY(fixture.key("G1"));
 }
@@ -869,7 +873,9 @@ void ViewSceneTest::deinitKeepsItsOrder()
     QCOMPARE(callsOf(fixture.host),
         QStringList({"label G1", clearedKey, "label G3", clearedKey, "key G1", "key G2", "key G3", "modes",
             "unsubscribe Profiler_Events", "unsubscribe ProfileMgr_Events", "list",
-            "tooltip of the root item", "command frame", "unsubscribe ProfileMgr_Events",
+            "tooltip of the root item",
+            // The list of profiles goes with its frame.
+            "unsubscribe ProfileMgr_Events", "command frame", "unsubscribe ProfileMgr_Events",
             "unsubscribe Profiler_Events", "unsubscribe DevMgr_Events", "unsubscribe ProfilesToGo_Events",
             "unsubscribe MainUI_Events", "unsubscribe MainApp_Events"}));
 }

@@ -1,5 +1,7 @@
 #include "Gallery.h"
 
+#include <PluginContext.h>
+
 #include <QGraphicsItem>
 #include <QGraphicsProxyWidget>
 #include <QGraphicsSimpleTextItem>
@@ -22,6 +24,11 @@ constexpr qreal RowEnd = 1160;
 constexpr int FontSize = 9;
 
 } // namespace
+
+QString pluginImage(const char* name)
+{
+    return pluginResource("Resources/images/") + QLatin1String(name) + QLatin1String(".png");
+}
 
 Gallery::Gallery(QWidget* parent)
     : QGraphicsView(parent)

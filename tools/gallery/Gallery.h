@@ -8,6 +8,9 @@
 class QGraphicsItem;
 class QWidget;
 
+/// The path of a picture of the plug-in.
+QString pluginImage(const char* name);
+
 /// Every widget of the scene in all its states, in rows with captions, on the colour of the canvas. All of
 /// them react to the pointer as they do in the view.
 class Gallery : public QGraphicsView

@@ -7,7 +7,6 @@
 #include <cGraphicsRibbonButton.h>
 #include <cGraphicsTextButton.h>
 #include <cJsonValue.h>
-#include <PluginContext.h>
 #include <StatePicture.h>
 
 #include <QApplication>
@@ -16,18 +15,13 @@
 
 namespace {
 
-QString image(const char* name)
-{
-    return pluginResource("Resources/images/") + QLatin1String(name) + QLatin1String(".png");
-}
-
 /// The new button of the panels, as a description.
 cJsonValue newButton(int width, int height)
 {
     cJsonValue description;
-    description["normal"] = image("icon_new_normal");
-    description["hover"] = image("icon_new_hover");
-    description["pressed"] = image("icon_new_pressed");
+    description["normal"] = pluginImage("icon_new_normal");
+    description["hover"] = pluginImage("icon_new_hover");
+    description["pressed"] = pluginImage("icon_new_pressed");
     description["boundary"]["width"] = width;
     description["boundary"]["height"] = height;
     return description;
@@ -38,8 +32,8 @@ cJsonValue arrowStrip()
     cJsonValue description;
     description["boundary"]["width"] = 27;
     description["boundary"]["height"] = 10;
-    description["arrow"]["normal"] = image("pointer_down_up");
-    description["arrow"]["hover"] = image("pointer_down_hover");
+    description["arrow"]["normal"] = pluginImage("pointer_down_up");
+    description["arrow"]["hover"] = pluginImage("pointer_down_hover");
     return description;
 }
 
@@ -142,9 +136,9 @@ void Gallery::showClickableLabels()
 {
     startRow(tr("cClickableLabel"));
     const auto makeLabel = [] {
-        auto* label = new cClickableLabel(QPixmap(image("icon_new_normal")));
-        label->setHoverPixmap(QPixmap(image("icon_new_hover")));
-        label->setPressedPixmap(QPixmap(image("icon_new_pressed")));
+        auto* label = new cClickableLabel(QPixmap(pluginImage("icon_new_normal")));
+        label->setHoverPixmap(QPixmap(pluginImage("icon_new_hover")));
+        label->setPressedPixmap(QPixmap(pluginImage("icon_new_pressed")));
         return label;
     };
     add(makeLabel(), tr("normal"));

@@ -14,7 +14,6 @@
 #include <cScrollBarItem.h>
 #include <cTooltip.h>
 #include <MagnetTextItem.h>
-#include <PluginContext.h>
 #include <StatePicture.h>
 
 #include <QApplication>
@@ -24,11 +23,6 @@
 #include <QPropertyAnimation>
 
 namespace {
-
-QString image(const char* name)
-{
-    return pluginResource("Resources/images/") + QLatin1String(name) + QLatin1String(".png");
-}
 
 /// The picture of a mode button of the demonstration controller.
 QString modeImage(const char* state)
@@ -124,11 +118,11 @@ void Gallery::showModeButtons()
 void Gallery::showGlows()
 {
     startRow(tr("cPulseGlowImage and cScalablePixmap"));
-    auto* glow = new cPulseGlowImage(image("key_glow"), {QStringLiteral("key")});
+    auto* glow = new cPulseGlowImage(pluginImage("key_glow"), {QStringLiteral("key")});
     add(glow, tr("glow"));
-    auto* target = new cScalablePixmap(QPixmap(image("key_target_glow")));
+    auto* target = new cScalablePixmap(QPixmap(pluginImage("key_target_glow")));
     add(target, tr("target, scale 1.0"));
-    auto* scaled = new cScalablePixmap(QPixmap(image("key_target_glow")));
+    auto* scaled = new cScalablePixmap(QPixmap(pluginImage("key_target_glow")));
     add(scaled, tr("scale 0.5"));
     scaled->setScale(0.5);
 }
@@ -136,13 +130,13 @@ void Gallery::showGlows()
 void Gallery::showFilmStrips()
 {
     startRow(tr("cAnimatedPixmap and cAnimatedPixmapWidget"));
-    const QPixmap search(image("search"));
+    const QPixmap search(pluginImage("search"));
     for (int frame = 0; frame < search.width() / 64; ++frame) {
         auto* strip = new cAnimatedPixmap(search, 64);
         strip->setFrame(frame);
         add(strip, tr("frame %1").arg(frame));
     }
-    const QPixmap sync(image("sync_button_animation"));
+    const QPixmap sync(pluginImage("sync_button_animation"));
     for (const int frame : {0, 7, 14, 21}) {
         auto* strip = new cAnimatedPixmapWidget(sync, 29);
         strip->setFrame(frame);
@@ -152,7 +146,7 @@ void Gallery::showFilmStrips()
     running->start();
     add(running, tr("running"));
     auto* hovered = new cAnimatedPixmapWidget(sync, 29);
-    hovered->setHoverPixmap(QPixmap(image("sync_button_hover")));
+    hovered->setHoverPixmap(QPixmap(pluginImage("sync_button_hover")));
     hovered->setUseHoverPixmap(true);
     add(hovered, tr("hover"));
     QEvent event(QEvent::Enter);
@@ -192,8 +186,8 @@ void Gallery::showTooltips()
 void Gallery::showTrashCans()
 {
     startRow(tr("cProfileTrashcanGraphicsItem and cProfileTrashcanWidget"));
-    const QPixmap normal(image("icon_trash"));
-    const QPixmap hover(image("icon_trash_hover"));
+    const QPixmap normal(pluginImage("icon_trash"));
+    const QPixmap hover(pluginImage("icon_trash_hover"));
     add(new cProfileTrashcanGraphicsItem(normal, hover, nullptr), tr("at rest"));
     auto* open = new cProfileTrashcanGraphicsItem(normal, hover, nullptr);
     open->setState(StatePicture::UnderPointer);

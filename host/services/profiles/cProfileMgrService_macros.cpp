@@ -120,7 +120,8 @@ cJsonValue cProfileMgrService::macros(const QString& profileID)
     const Profile* found = profile(profileID);
     if (!found)
         return cJsonValue();
-    cJsonValue records(cJsonValue::arrayValue);
+    // Null without commands: that is how a key knows that there is nothing yet to be dragged onto it.
+    cJsonValue records;
     for (const cJsonValue& macro : found->macros)
         records.append(macro);
     return records;

@@ -1,0 +1,137 @@
+#pragma once
+
+#include <cJsonValue.h>
+#include <cMacroList.h>
+#include <IMacroType.h>
+#include <RecordingHost.h>
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class cMacroItem;
+
+/// What the tests of the command panel share.
+namespace CommandSupport {
+
+// What the view shows.
+inline const QString Profile = QStringLiteral("{P}");
+inline const QString Category = QStringLiteral("Controller");
+inline const QStringList Controls {"G1", "G2"};
+
+// The types that the host knows.
+inline const QString Keys = QStringLiteral("urn:keys");
+inline const QString Text = QStringLiteral("urn:text");
+inline const QString Private = QStringLiteral("urn:private");
+
+/// Has the one view of the process show that profile, category and these controls.
+void show(
+    const QString& profileID, const QString& category = Category, const QStringList& controls = Controls);
+
+class FakeType final : public IMacroType
+{
+    Q_OBJECT
+
+public:
+    FakeType(const QString& uid, const QString& iconPath, bool isPrivate = false);
+
+    cJsonValue info() override { return m_info; }
+    IMacroEditor* editor(cJsonValue) override { return nullptr; }
+    cJsonValue XmlToJson(QDomElement) override { return cJsonValue(); }
+    QDomElement JsonToXml(QDomDocument, cJsonValue) override { return QDomElement(); }
+    cPlayStatePtr createPlayState(cJsonValue) override { return cPlayStatePtr(); }
+    bool isRepeatable() override { return false; }
+    bool isPrivate() override { return m_isPrivate; }
+    bool isFixedName() override { return false; }
+    int getPriority() override { return 0; }
+
+    cJsonValue m_info;
+
+private:
+    const bool m_isPrivate;
+};
+
+cJsonValue macro(const QString& uid, const QString& name, const QString& type = Keys, bool hidden = false);
+/// Commands "{1}", "{2}" and so on with those names.
+cJsonValue macros(const QStringList& names);
+
+/// Writes each signal of an object to the host's log, as in: MacroSelected({1})
+class SignalLog : public QObject
+{
+    Q_OBJECT
+
+public:
+    SignalLog(const QObject& sender, const QMetaObject& meta, RecordingHost& host);
+
+    /// Called after each line.
+    std::function<void(const QString&)> onLine;
+
+private Q_SLOTS:
+    void onPlain() { add(QString()); }
+    void onMacro(const cJsonValue& macro) { add(macro["uid"].toString()); }
+    void onText(const QString& text) { add('"' + text + '"'); }
+    void onPoint(const QPoint& point) { add(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())); }
+
+private:
+    void add(const QString& value);
+
+    RecordingHost& m_host;
+};
+
+/// Swallows what Qt says of the search box's style sheets, whose last brace closes nothing, while it lives.
+class StyleSheetRemark
+{
+    Q_DISABLE_COPY(StyleSheetRemark)
+
+public:
+    StyleSheetRemark();
+    ~StyleSheetRemark();
+};
+
+/// A host with three types, a main window and a list of commands in it.
+class Panel
+{
+    Q_DISABLE_COPY(Panel)
+
+public:
+    Panel();
+    ~Panel();
+
+    /// What reached the host since the last take, calls in full and the list's signals, in order.
+    QStringList takeLog();
+    /// Has the host answer these commands and announce the profile; returns while the fill runs.
+    void startFill(const cJsonValue& records);
+    /// startFill(), and waits until all rows are there. The log does not show it.
+    void fill(const cJsonValue& records);
+    void fillNames(const QStringList& names) { fill(macros(names)); }
+
+    void search(const QString& text);
+    cMacroItem* row(int row) const;
+    /// Null if there is none.
+    cMacroItem* rowOf(const QString& uid) const;
+    /// Names of the rows that are not hidden, from the top.
+    QStringList shownNames() const;
+    void select(const QList<int>& rows);
+    bool showsNoResults() const;
+
+    RecordingHost host;
+    QWidget window;
+    IMacroTypePtrList types;
+    std::unique_ptr<cMacroList> list;
+    std::unique_ptr<SignalLog> signalLog;
+};
+
+// The lines of the log for the calls that the panel makes.
+QString macrosCall(const QString& profileID = Profile);
+QString typeCall(const QString& type);
+QString allTypesCall();
+QString assignedCall(const QString& uid);
+/// The three calls that one row costs.
+QStringList rowCalls(const QString& uid, const QString& type = Keys);
+
+} // namespace CommandSupport
