@@ -274,7 +274,7 @@ Texts read(const QString& path, const Names& wanted, const std::function<bool()>
             if (isFirstLine)
                 return Texts();
             isTooLong = true;
-            rest = {};
+            rest.remove_prefix(rest.size());
         }
         std::memmove(piece.data(), rest.data(), rest.size());
         filled = rest.size();
