@@ -23,6 +23,9 @@ using namespace CommandSupport;
 
 namespace {
 
+/// Milliseconds for the window manager, which may share the machine with a build.
+constexpr int WindowPatience = 20000;
+
 /// Takes drops of commands, and says what came.
 class Target : public QWidget
 {
@@ -82,7 +85,9 @@ public:
             {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Return, Qt::Key_Enter});
         QObject::connect(
             &box, SIGNAL(textEdited(const QString&)), panel.list.get(), SLOT(onSearch(const QString&)));
-        // Placed before it is shown: the window manager moves one that is up at its own time.
+        // Placed before it is shown, and without a frame: the window manager moves one that is up at its own
+        // time.
+        panel.window.setWindowFlag(Qt::FramelessWindowHint);
         panel.window.setGeometry(100, 100, 300, 400);
         target->show();
         box.show();
@@ -91,7 +96,7 @@ public:
     bool isUp()
     {
         panel.window.show();
-        return QTest::qWaitForWindowActive(&panel.window);
+        return QTest::qWaitForWindowActive(&panel.window, WindowPatience);
     }
 
     /// A place of a row, on its name.
@@ -178,7 +183,8 @@ private Q_SLOTS:
 
 void CommandPanelTest::cleanup()
 {
-    RealPointer::act("mouseup 1 mousemove 900 700");
+    RealPointer::act("mouseup 1 keyup ctrl mousemove 900 700");
+    QTRY_VERIFY_WITH_TIMEOUT(RealPointer::isIdle(), WindowPatience);
     QTRY_COMPARE(QCursor::pos(), QPoint(900, 700));
 }
 
