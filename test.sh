@@ -22,6 +22,7 @@ case "${1:-}" in
 esac
 
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
+install_if_possible "${optional_test_packages[@]}"
 build "$preset" all
 cd "$project_dir"
 exec ctest --preset "$preset" --parallel "$(nproc)" "$@"

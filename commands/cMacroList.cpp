@@ -10,6 +10,7 @@
 #include <cProfileMgr.h>
 #include <EventNames.h>
 
+#include <QDrag>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -34,6 +35,9 @@ cMacroList::cMacroList(QWidget* parent)
 
 cMacroList::~cMacroList()
 {
+    // Whoever the drag comes over would ask for its source.
+    if (m_isDragging)
+        QDrag::cancel();
     stopPopulation();
     RowLists::deleteRowWidgets(*this);
     clear();

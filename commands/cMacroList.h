@@ -102,4 +102,5 @@ private:
     QList<QListWidgetItem*> m_searchHits;
     bool m_searchActive = false;
     QString m_searchText;
+    bool m_isDragging = false;
 };

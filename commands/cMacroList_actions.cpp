@@ -73,17 +73,23 @@ void cMacroList::MacroStartDrag(const cJsonValue&)
     }
     const bool several = ids.size() > 1;
     const QPointer<cMacroList> self(this);
-    const QPointer<QDrag> drag(new QDrag(this));
+    // A drag must outlive its exec(), which the list need not: the host may take the list down meanwhile.
+    auto* const drag = new QDrag(this);
+    drag->setParent(nullptr);
     drag->setMimeData(DragFormats::makeMacros(ids).release());
     if (several)
         Q_EMIT multiMacroStartDrag();
     else if (const cMacroItem* row = selected.isEmpty() ? nullptr : rowOf(selected.constFirst()))
         Q_EMIT singleMacroStartDrag(row->macro());
-    // The host may delete what is dragged, and the list, while this runs.
-    if (drag)
-        drag->exec(Qt::CopyAction);
+    if (!self) {
+        delete drag;
+        return;
+    }
+    m_isDragging = true;
+    drag->exec(Qt::CopyAction);
     if (!self)
         return;
+    m_isDragging = false;
     if (several)
         Q_EMIT multiMacroEndDrag();
     else

@@ -97,6 +97,9 @@ void EditProfileDialog::createExecutableGroup(bool hasLcd)
     m_executableEdit->setContextMenuPolicy(Qt::NoContextMenu);
     m_browseButton = new QPushButton(tr("..."), m_executableGroup);
     DialogSetup::setGray(*m_browseButton);
+    // What stands beside these says their purpose to those who see it.
+    m_executableEdit->setAccessibleName(m_executableGroup->title());
+    m_browseButton->setAccessibleName(tr("Browse"));
     if (hasLcd) {
         m_selectRadio = new QRadioButton(tr("Select using DeckPanel display"), m_executableGroup);
         m_instructionLabel = new QLabel(tr("Run the program as the foreground window. Press the OK button "
@@ -112,6 +115,7 @@ void EditProfileDialog::createOptions()
     m_copyCheck = new QCheckBox(tr("Copy from an existing profile"), this);
     m_profileCombo = new QComboBox(this);
     m_profileCombo->setEnabled(false);
+    m_profileCombo->setAccessibleName(m_copyCheck->text());
 }
 
 void EditProfileDialog::createButtons()

@@ -101,6 +101,8 @@ QBoxLayout* ScanForGamesDialog::createHeader()
 {
     m_animation = new cAnimatedPixmapWidget(
         QPixmap(pluginResource("Resources/images/search.png")), ScanFrameWidth, this);
+    // The strip is drawn for any ground, and that of the dialog is the style sheet's.
+    m_animation->setAutoFillBackground(false);
     m_animation->start();
     m_statusLabel = new QLabel(tr("Please wait while Profiler scans your system for known profiles."), this);
 

@@ -24,7 +24,7 @@ namespace {
 
 constexpr std::string_view Header = "WINE REGISTRY Version 2";
 /// How much is read at once. A line that is longer is none of ours.
-constexpr std::size_t PieceSize = std::size_t(1) << 20;
+constexpr std::size_t PieceSize = std::size_t(1) << 18;
 /// The longest data that are read, in bytes, the zero behind a text included.
 constexpr std::size_t MaxDataSize = 520;
 
@@ -43,15 +43,15 @@ int digitValue(char digit)
     return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
 }
 
-/// Takes a number of at most so many digits off the line; -1 if there is none.
-int takeNumber(std::string_view& line, int base, int maxDigits)
+/// Takes a number of at most so many digits, which are no more than 8, off the line; -1 if there is none.
+qint64 takeNumber(std::string_view& line, int base, int maxDigits)
 {
-    int number = -1;
+    qint64 number = -1;
     for (int i = 0; i < maxDigits && !line.empty(); ++i) {
         const int digit = digitValue(line.front());
         if (digit < 0 || digit >= base)
             break;
-        number = qMax(number, 0) * base + digit;
+        number = qMax(number, qint64(0)) * base + digit;
         line.remove_prefix(1);
     }
     return number;
@@ -69,7 +69,7 @@ char16_t takeEscaped(std::string_view& line)
     if (const std::size_t place = letters.find(first); place != std::string_view::npos)
         return char16_t(characters[place]);
     if (first == 'x') {
-        const int number = takeNumber(line, 16, 4);
+        const qint64 number = takeNumber(line, 16, 4);
         return number < 0 ? u'x' : char16_t(number);
     }
     return char16_t(static_cast<unsigned char>(first));
@@ -195,7 +195,7 @@ private:
         m_isInBytes = false;
         while (takePrefix(line, " ")) { }
         while (!line.empty() && line.front() != '\\') {
-            const int byte = takeNumber(line, 16, 2);
+            const qint64 byte = takeNumber(line, 16, 2);
             if (byte < 0 || m_bytes.size() > MaxDataSize)
                 return;
             m_bytes.push_back(static_cast<unsigned char>(byte));

@@ -1,6 +1,7 @@
 #include "WinePrefixes.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -70,16 +71,36 @@ QStringList steamLibraries()
     return libraries;
 }
 
-/// The entries of a folder whose name is the same but for case.
+/// The names that a path on a drive goes through. On Windows ".." takes a name away, be it a folder's or not,
+/// and doesn't leave the drive.
+QStringList namesIn(QString path)
+{
+    QStringList names;
+    const QStringList parts =
+        path.replace(QLatin1Char('\\'), QLatin1Char('/')).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString& part : parts) {
+        if (part == QLatin1String("..")) {
+            if (!names.isEmpty())
+                names.removeLast();
+        } else if (part != QLatin1String(".")) {
+            names.append(part);
+        }
+    }
+    return names;
+}
+
+/// The entries of a folder whose name is the same but for case, sorted.
 QStringList entriesNamed(const QString& folder, const QString& name)
 {
     QStringList found;
-    const QStringList entries =
-        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System, QDir::Name);
-    for (const QString& entry : entries) {
+    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System);
+    while (entries.hasNext()) {
+        entries.next();
+        const QString entry = entries.fileName();
         if (entry.compare(name, Qt::CaseInsensitive) == 0)
             found.append(entry);
     }
+    found.sort();
     return found;
 }
 
@@ -113,16 +134,14 @@ QString resolve(const QString& prefix, const QString& windowsPath)
         QFileInfo(prefix + QStringLiteral("/dosdevices/") + match.captured(1).toLower()).canonicalFilePath();
     if (drive.isEmpty())
         return QString();
-    // On Windows ".." takes a name away and doesn't leave the drive.
-    const QString path =
-        QDir::cleanPath(QLatin1Char('/') + match.captured(2).replace(QLatin1Char('\\'), QLatin1Char('/')));
-    const QString root = drive == QLatin1String("/") ? QString() : drive;
-    if (const QString exact = QDir::cleanPath(root + path); QFileInfo::exists(exact))
+    const QStringList names = namesIn(match.captured(2));
+    if (names.isEmpty())
+        return drive;
+    if (const QString exact = QDir(drive).filePath(names.join(QLatin1Char('/'))); QFileInfo::exists(exact))
         return exact;
 
     // Level by level all folders that the path may mean, so that links in a circle are no trap.
     QStringList places {drive};
-    const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (const QString& name : names) {
         QStringList next;
         QStringList seen;

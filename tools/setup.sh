@@ -7,8 +7,11 @@ build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libxcb1-dev nloh
 # Fonts for the window (the second for scripts that the first lacks, such as Hebrew), icons out of Windows executables, and
 # a display where the machine has none.
 run_packages=(fonts-liberation fonts-dejavu-core icoutils xvfb xauth openbox)
-# binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources.
-test_packages=(xdotool x11-utils binutils python3 librsvg2-bin)
+# binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources, and the
+# compiler for Windows builds what only exists there.
+test_packages=(xdotool x11-utils binutils python3 librsvg2-bin g++-mingw-w64-x86-64-posix)
+# Runs what was built for Windows. Large: a test that misses it is skipped.
+optional_test_packages=(wine64)
 lint_packages=(clang-format clang-tidy git python3)
 
 say() { printf '%s\n' "$*" >&2; }
@@ -37,6 +40,12 @@ install_missing()
     "${as_root[@]}" apt-get update -qq
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# install_if_possible PACKAGE...: as install_missing, but goes on without what can't be installed.
+install_if_possible()
+{
+    install_missing "$@" || say "Going on without: $*"
 }
 
 # build PRESET [TARGET...]: configures once and builds.

@@ -38,6 +38,17 @@ inline constexpr int ViewIconSize = 32;
 /// The text in place of a picture.
 inline constexpr int NoticeTextSize = 16;
 
+/// Longer names in a menu are shortened.
+inline constexpr int MenuEntryMaxWidth = 320;
+
+/// Columns of a table of profiles, and the dialogs that have one.
+inline constexpr int TableNameWidth = 180;
+inline constexpr int TableNumberWidth = 86;
+inline constexpr int TableStatusWidth = 150;
+inline constexpr int BackupTimeWidth = 170;
+inline constexpr QSize ImportDialogSize(780, 420);
+inline constexpr QSize BackupsDialogSize(940, 520);
+
 /// From the edges of the canvas to the message strip.
 inline constexpr int StripMargin = 16;
 

@@ -2,7 +2,9 @@
 
 #include "MainWindow.h"
 #include "PluginLoader.h"
+#include "ProfileActions.h"
 #include "ScreenshotRun.h"
+#include "UnsavedProfiles.h"
 
 #include <cDevMgrService.h>
 #include <cECMAScriptMgrService.h>
@@ -51,8 +53,8 @@ HostApplication::~HostApplication()
     m_plugins.reset();
     m_help->unloadHelp();
     IServiceMgr::instance()->unsubscribe(EventSources::MainApp, m_profiles.get());
-    // The window that would tell of a failure is on its way out.
-    if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly())
+    // The user was asked when the window closed; this is for an end that came another way.
+    if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly() && !m_isEndAgreed)
         qCritical("Some profiles could not be saved");
     m_settings->flush();
     for (QObject* service : services())
@@ -60,6 +62,7 @@ HostApplication::~HostApplication()
     m_mainUI->setWindow(nullptr);
     m_mainApp->setWindow(nullptr);
     m_featureViews->setWindow(nullptr);
+    m_profileActions.reset();
     m_window.reset();
 }
 
@@ -110,6 +113,7 @@ void HostApplication::createWindow()
 {
     m_window = std::make_unique<MainWindow>(
         MainWindowServices {*m_devices, *m_featureViews, *m_controller, *m_help, *m_mainApp});
+    m_profileActions = std::make_unique<ProfileActions>(*m_window, *m_profiles, *m_settings);
     m_plugins = std::make_unique<PluginLoader>();
     m_mainUI->setWindow(m_window.get());
     m_mainApp->setWindow(m_window.get());
@@ -120,6 +124,10 @@ void HostApplication::createWindow()
     connect(m_mainApp.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_profiles.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
+    m_window->setCloseGuard([this] {
+        m_isEndAgreed = UnsavedProfiles::settle(*m_profiles, m_window.get());
+        return m_isEndAgreed;
+    });
     connect(m_window.get(), SIGNAL(closing()), qApp, SLOT(quit()), Qt::QueuedConnection);
 }
 

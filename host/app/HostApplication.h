@@ -23,6 +23,7 @@ class cSettingsService;
 class FeatureViewController;
 class MainWindow;
 class PluginLoader;
+class ProfileActions;
 class ScreenshotRun;
 
 /// The application: its services, its window and its plug-ins, brought up and taken down in the order in
@@ -57,6 +58,8 @@ private:
     void showLastDevice();
     QList<QObject*> services() const;
 
+    /// True once the user has said what becomes of profiles that can't be saved.
+    bool m_isEndAgreed = false;
     ApplicationPaths m_paths;
     CommandLine m_commandLine;
     // Destroyed from the last to the first.
@@ -75,6 +78,7 @@ private:
     std::unique_ptr<cLuaScriptService> m_luaScripts;
     std::unique_ptr<cProfileMgrService> m_profiles;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<ProfileActions> m_profileActions;
     std::unique_ptr<PluginLoader> m_plugins;
     std::unique_ptr<ScreenshotRun> m_screenshots;
 };

@@ -139,6 +139,10 @@ void MainWindow::resizeEvent(QResizeEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (m_closeGuard && !m_closeGuard()) {
+        event->ignore();
+        return;
+    }
     // The open view removes its panes at once instead of playing their exit.
     IServiceMgr::instance()->publish(EventSources::MainApp, Events::MainWindowClosing);
     event->accept();

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QWidget>
 
+#include <functional>
+
 class cDevMgrService;
 class cFeatureViewMgrService;
 class cHelpMgrService;
@@ -49,6 +51,10 @@ public:
     DeviceBar& deviceBar() { return *m_deviceBar; }
     MessageStrip& messageStrip() { return *m_strip; }
     QMenu& menu() { return *m_menu; }
+    /// The menu for undo and redo, which others fill.
+    QMenu& editMenu() { return *m_editMenu; }
+    /// Adds an entry to the section of the menu for the user's data.
+    void addDataEntry(QAction* action);
 
     // IHostWindow
     QWidget* widget() override { return this; }
@@ -58,6 +64,9 @@ public:
     QString activeDeviceId() const override;
     bool selectDevice(const QString& model) override;
     void showMessage(const QString& text) override;
+
+    /// Asked when the user closes the window, which stays open if the answer is false.
+    void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
 
     /// Opens the first view that suits the device; false if there is none or it can't be opened.
     bool openFirstView();
@@ -95,6 +104,7 @@ private:
     void placeStrip();
 
     MainWindowServices m_services;
+    std::function<bool()> m_closeGuard;
     QString m_deviceModel;
     QLabel* m_deviceName = nullptr;
     QLabel* m_status = nullptr;
@@ -103,10 +113,12 @@ private:
     DeviceBar* m_deviceBar = nullptr;
     MessageStrip* m_strip = nullptr;
     QMenu* m_menu = nullptr;
+    QMenu* m_editMenu = nullptr;
     QMenu* m_deviceMenu = nullptr;
     QActionGroup* m_deviceActions = nullptr;
     /// Stands in front of the entries of the views.
     QAction* m_viewSection = nullptr;
     QAction* m_viewSectionEnd = nullptr;
+    QAction* m_dataSectionEnd = nullptr;
     QList<QAction*> m_viewActions;
 };

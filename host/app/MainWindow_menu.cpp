@@ -4,6 +4,7 @@
 #include "AppConstants.h"
 #include "DeviceBar.h"
 #include "DeviceCanvas.h"
+#include "MenuText.h"
 #include "MessageStrip.h"
 
 #include <cDevMgrService.h>
@@ -36,12 +37,6 @@ constexpr int MaxShortcuts = 9;
 QKeySequence digitShortcut(int modifier, int index)
 {
     return index < MaxShortcuts ? QKeySequence(modifier + Qt::Key_1 + index) : QKeySequence();
-}
-
-/// A text that is no markup for a menu.
-QString plainEntry(QString text)
-{
-    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 } // namespace
@@ -82,15 +77,22 @@ QWidget* MainWindow::createHeader()
     m_status = new QLabel;
     m_status->setTextFormat(Qt::PlainText);
     m_status->setProperty("uiType", QStringLiteral("QuietText"));
-    auto* const button = new QPushButton(tr("&Menu"));
-    button->setProperty("uiType", QStringLiteral("HeaderButton"));
-    m_menu = new QMenu(this);
-    button->setMenu(m_menu);
+    const auto createMenuButton = [this](const QString& text, QMenu*& menu) {
+        auto* const button = new QPushButton(text);
+        button->setProperty("uiType", QStringLiteral("HeaderButton"));
+        menu = new QMenu(this);
+        button->setMenu(menu);
+        return button;
+    };
+    auto* const menus = new QHBoxLayout;
+    menus->setSpacing(0);
+    menus->addWidget(createMenuButton(tr("&Menu"), m_menu));
+    menus->addWidget(createMenuButton(tr("&Edit"), m_editMenu));
 
     auto* const layout = new QHBoxLayout(header);
     layout->setContentsMargins(BarMargin, 0, BarMargin, 0);
     layout->setSpacing(BarMargin);
-    layout->addWidget(button);
+    layout->addLayout(menus);
     layout->addWidget(m_deviceName);
     layout->addWidget(m_status, 1);
     layout->addWidget(product);
@@ -111,10 +113,17 @@ void MainWindow::createMenu()
     connect(m_deviceActions, SIGNAL(triggered(QAction*)), this, SLOT(onDeviceAction(QAction*)));
     m_viewSection = m_menu->addSeparator();
     m_viewSectionEnd = m_menu->addSeparator();
+    m_dataSectionEnd = m_menu->addSeparator();
     addEntry(tr("&Help Contents"), QKeySequence(Qt::Key_F1), SLOT(onHelp()));
     addEntry(tr("&About %1").arg(QCoreApplication::applicationName()), QKeySequence(), SLOT(onAbout()));
     m_menu->addSeparator();
     addEntry(tr("&Quit"), QKeySequence(Qt::CTRL + Qt::Key_Q), SLOT(close()));
+}
+
+void MainWindow::addDataEntry(QAction* action)
+{
+    m_menu->insertAction(m_dataSectionEnd, action);
+    addAction(action);
 }
 
 void MainWindow::rebuildDeviceActions()
@@ -124,7 +133,7 @@ void MainWindow::rebuildDeviceActions()
     int index = 0;
     const QList<cDevMgrService::DevicePtr> devices = m_services.devices.devices();
     for (const cDevMgrService::DevicePtr& device : devices) {
-        QAction* const action = m_deviceMenu->addAction(plainEntry(device->displayName()));
+        QAction* const action = m_deviceMenu->addAction(MenuText::plain(device->displayName()));
         action->setData(device->model());
         action->setCheckable(true);
         action->setShortcut(digitShortcut(Qt::CTRL, index++));
@@ -151,7 +160,7 @@ void MainWindow::rebuildViewActions()
     const QList<IFeatureView*> views = m_services.featureViews.viewsForDevice(m_deviceModel);
     for (IFeatureView* view : views) {
         const cJsonValue info = view->viewInfo();
-        auto* const action = new QAction(plainEntry(info["tooltip"].toString()), this);
+        auto* const action = new QAction(MenuText::plain(info["tooltip"].toString()), this);
         action->setData(info["view_id"].toString());
         action->setCheckable(true);
         action->setShortcut(digitShortcut(Qt::ALT, m_viewActions.size()));

@@ -1,6 +1,7 @@
 #include "RecordXml.h"
 
 #include <JsonText.h>
+#include <XmlFragment.h>
 
 #include <QString>
 
@@ -70,7 +71,7 @@ bool write(const cJsonValue& record, const RecordFields& fields, QDomElement& el
         ++known;
         const cJsonValue& value = record[field.name];
         const QString text = value.toString();
-        if (!canHold(text))
+        if (!XmlFragment::isRepresentable(text))
             return false;
         element.setAttribute(QLatin1String(field.name), text);
     }
@@ -86,22 +87,6 @@ bool hasElementsOnly(const QDomElement& element)
 {
     for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
         if (!child.isElement() && !(child.isText() && child.nodeValue().trimmed().isEmpty()))
-            return false;
-    }
-    return true;
-}
-
-bool canHold(const QString& text)
-{
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar unit = text[i];
-        if (unit.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            ++i;
-            continue;
-        }
-        const bool isSpace =
-            unit == QLatin1Char('\t') || unit == QLatin1Char('\n') || unit == QLatin1Char('\r');
-        if (unit.isSurrogate() || unit.unicode() >= 0xfffe || (unit.unicode() < 0x20 && !isSpace))
             return false;
     }
     return true;

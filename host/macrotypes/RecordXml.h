@@ -48,7 +48,4 @@ bool isEmpty(const QDomElement& element);
 /// True if there are only elements between the element's tags.
 bool hasElementsOnly(const QDomElement& element);
 
-/// True if an XML document can hold the text.
-bool canHold(const QString& text);
-
 } // namespace RecordXml

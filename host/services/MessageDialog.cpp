@@ -1,10 +1,13 @@
 #include "MessageDialog.h"
 
+#include "DialogParts.h"
 #include "HostPalette.h"
 #include "ServiceConstants.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPointer>
@@ -55,12 +58,10 @@ QPixmap drawSign(MessageDialog::Kind kind, qreal pixelRatio)
 } // namespace
 
 MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& text, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint)
+    : QDialog(parent, DialogParts::Flags)
+    , m_wholeText(title + QStringLiteral("\n\n") + text)
 {
-    setWindowModality(Qt::WindowModal);
-    setWindowTitle(title);
-    setWindowIcon(QIcon(QStringLiteral("MainApp:/Resources/images/VeltranoBlackLogo.png")));
-    setProperty("uiType", QStringLiteral("MessageDialog"));
+    DialogParts::prepare(*this, title);
 
     auto* const sign = new QLabel;
     sign->setPixmap(drawSign(kind, devicePixelRatioF()));
@@ -68,10 +69,8 @@ MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& tex
 
     m_texts = new QVBoxLayout;
     m_texts->setSpacing(10);
-    auto* const heading = new QLabel(title);
-    heading->setTextFormat(Qt::PlainText);
+    QLabel* const heading = DialogParts::createHeading(title);
     heading->setWordWrap(true);
-    heading->setProperty("uiType", QStringLiteral("DialogHeading"));
     heading->setVisible(!title.isEmpty());
     m_texts->addWidget(heading);
     m_texts->addWidget(createText(text, "DialogText"));
@@ -119,13 +118,49 @@ QWidget* MessageDialog::createText(const QString& text, const char* uiType)
 
 void MessageDialog::addItemText(const QString& text)
 {
+    m_wholeText += QStringLiteral("\n\n") + text;
     m_texts->addWidget(createText(text, "DialogItem"));
+}
+
+QString MessageDialog::withShortcut(const QString& text)
+{
+    QString caption;
+    bool isDone = false;
+    for (const QChar c : text) {
+        if (!isDone && c.isLetterOrNumber() && !m_shortcuts.contains(c.toUpper())) {
+            m_shortcuts += c.toUpper();
+            caption += QLatin1Char('&');
+            isDone = true;
+        }
+        caption += c;
+        // In the text it is a character.
+        if (c == QLatin1Char('&'))
+            caption += c;
+    }
+    return caption;
+}
+
+void MessageDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        QGuiApplication::clipboard()->setText(m_wholeText);
+        return;
+    }
+    // A choice answers its letter alone, too.
+    const QList<QPushButton*> buttons = findChildren<QPushButton*>();
+    for (QPushButton* button : buttons) {
+        if (event->modifiers() == Qt::NoModifier && !button->shortcut().isEmpty()
+            && event->key() == (button->shortcut()[0] & ~int(Qt::MODIFIER_MASK))) {
+            button->click();
+            return;
+        }
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void MessageDialog::addChoice(int result, const QString& text, bool isDefault)
 {
-    // An "&" in the text is a character, not a shortcut.
-    auto* const button = new QPushButton(QString(text).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    auto* const button = new QPushButton(withShortcut(text));
     button->setAccessibleName(text);
     button->setProperty(ResultProperty, result);
     button->setAutoDefault(true);

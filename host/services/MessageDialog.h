@@ -7,7 +7,7 @@ class QVBoxLayout;
 
 /// A modal message in the application's look. Texts are shown as they are, without markup. exec() returns the
 /// result of the choice that the user made; Escape and the window's close button stand for the escape
-/// result.
+/// result. A choice is made with its underlined letter as well, and Ctrl+C copies the texts.
 class MessageDialog : public QDialog
 {
     Q_OBJECT
@@ -30,13 +30,22 @@ public:
 public Q_SLOTS:
     void reject() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private Q_SLOTS:
     void onChoice();
 
 private:
+    /// The text with the first letter underlined that no other choice has.
+    QString withShortcut(const QString& text);
     QWidget* createText(const QString& text, const char* uiType);
 
     QVBoxLayout* m_texts = nullptr;
     QHBoxLayout* m_choices = nullptr;
+    /// Title and texts, as they are copied.
+    QString m_wholeText;
+    /// The letters of the choices, in capitals.
+    QString m_shortcuts;
     int m_escapeResult = QDialog::Rejected;
 };

@@ -1,13 +1,13 @@
 #include "SettingsFile.h"
 
 #include <JsonText.h>
+#include <WholeFile.h>
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -105,8 +105,8 @@ bool SettingsFile::write(const cJsonValue& settings, QString& problem)
         return fail(tr("They are too large."));
     if (!QDir().mkpath(QFileInfo(m_path).absolutePath()))
         return fail(tr("The folder %1 can't be made.").arg(QFileInfo(m_path).absolutePath()));
-    QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
-        return fail(file.errorString());
+    QString reason;
+    if (!WholeFile::write(m_path, text, &reason))
+        return fail(reason);
     return true;
 }

@@ -164,6 +164,33 @@ public:
         m_outcome.events.push_back(ProfileEvents::MacroChanged {profile->uid(), macro});
     }
 
+    void operator()(const MoveMacro& change)
+    {
+        Profile* profile = m_book.findMutable(change.profileId);
+        if (!profile)
+            return;
+        const auto found = findIn(profile->macros, change.macroId);
+        const int last = int(profile->macros.size()) - 1;
+        if (found == profile->macros.end() || change.index < 0 || change.index > last)
+            return;
+        const int before = int(found - profile->macros.begin());
+        if (before == change.index)
+            return;
+        done(profile->uid(), MoveMacro {profile->uid(), uidOf(*found), before});
+        const cJsonValue macro = *found;
+        profile->macros.erase(found);
+        profile->macros.insert(profile->macros.begin() + change.index, macro);
+    }
+
+    void operator()(const SetExtensions& change)
+    {
+        Profile* profile = m_book.findMutable(change.profileId);
+        if (!profile || profile->extensions == change.extensions)
+            return;
+        done(profile->uid(), SetExtensions {profile->uid(), profile->extensions});
+        profile->extensions = change.extensions;
+    }
+
     void operator()(const SetAssignment& change)
     {
         Profile* profile = m_book.findMutable(change.profileId);
@@ -235,7 +262,9 @@ public:
         const QString next = profile ? profile->uid() : QString();
         if (id == next || (!profile && !change.profileId.isEmpty()))
             return;
-        m_outcome.inverse.changes.emplace_back(SetRole {change.role, id});
+        if (change.heldBy && !id.isEmpty() && !isSame(id, *change.heldBy))
+            return;
+        m_outcome.inverse.changes.emplace_back(SetRole {change.role, id, next});
         m_outcome.rolesChanged = true;
         const QString before = std::exchange(id, next);
         if (change.role == Role::Current) {
@@ -268,7 +297,6 @@ private:
 ProfileBook::Outcome ProfileBook::apply(ProfileStep step)
 {
     Outcome outcome;
-    outcome.inverse.text = step.text;
     for (ProfileChange& change : step.changes)
         std::visit(Editor(*this, outcome), change);
     std::reverse(outcome.inverse.changes.begin(), outcome.inverse.changes.end());

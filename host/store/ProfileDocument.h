@@ -34,8 +34,9 @@ class QDomElement;
 ///     </profiles>
 ///
 /// Attributes and elements are left out where they would say nothing. A lone <profile> is read as well.
-/// Elements and attributes of other names are kept and written back, behind the known ones; so are
-/// assignments to M states that are not known. Equal profiles make equal bytes.
+/// Elements and attributes of other names are kept and written back, behind the known ones, wherever they
+/// stand. So are assignments to M states that are not known, and <data> of another form. Equal profiles make
+/// equal bytes.
 ///
 /// A text of a record that XML can't hold, because of a control character, stands in a <property>, and so
 /// does data that its type's element can't say, as JSON.

@@ -84,21 +84,31 @@ private:
     int number(const char* name) const { return attribute(name).toInt(); }
     bool flag(const char* name) const { return attribute(name) == QLatin1String(True); }
 
-    /// The text of the element that the reader stands on, its children's included. Qt's own way to read it
-    /// calls itself for each child and so ends the process when they nest deeply enough.
-    QString text()
+    /// The text of the element that the reader stands on; its children are kept in the record that `part`
+    /// gives. Qt's own way to read a text calls itself for each child and so ends the process when they nest
+    /// deeply enough.
+    template<typename Part>
+    QString text(const Part& part)
     {
         QString text;
-        for (int depth = 1; depth > 0 && !m_xml.atEnd();) {
+        while (!m_xml.atEnd()) {
             const QXmlStreamReader::TokenType token = m_xml.readNext();
             if (token == QXmlStreamReader::Characters)
                 text += m_xml.text();
             else if (token == QXmlStreamReader::StartElement)
-                ++depth;
+                keepElement(part());
             else if (token == QXmlStreamReader::EndElement)
-                --depth;
+                break;
         }
         return text;
+    }
+
+    /// The same, with the element's attributes kept apart from the known ones.
+    template<typename Names, typename Part>
+    QString textAndAttributes(const Names& known, const Part& part)
+    {
+        keepAttributes(known, part);
+        return text(part);
     }
 
     QString fragment() { return XmlFragment::takeText(m_xml, ProfileDocument::MaxDepth); }
@@ -116,11 +126,18 @@ private:
             m_result.isNewer = true;
             return m_xml.raiseError(translated("a newer version of this application wrote it"));
         }
+        // Prefixes of elements that are kept are explained here.
+        cJsonValue root;
+        keepAttributes(RootKeys, [&]() -> cJsonValue& { return root; });
         while (nextChild()) {
-            if (is(ProfileElement))
-                readProfile(m_result.profiles.emplace_back());
-            else
+            if (!is(ProfileElement)) {
                 m_xml.raiseError(translated("it holds something else than profiles"));
+                return;
+            }
+            Profile& profile = m_result.profiles.emplace_back();
+            readProfile(profile);
+            if (!root.isNull())
+                profile.extensions.parts[Root] = root;
         }
     }
 
@@ -134,7 +151,7 @@ private:
             else if (isOneOf(name, ProfileFlags))
                 profile.properties[name] = value == QLatin1String(True);
             else
-                profile.extensionAttributes[name] = value;
+                profile.extensions.attributes[name] = value;
         }
         while (nextChild())
             readProfileChild(profile);
@@ -143,46 +160,60 @@ private:
     void readProfileChild(Profile& profile)
     {
         const QString name = m_xml.name().toString();
+        const auto part = [&]() -> cJsonValue& {
+            return profile.extensions.parts[name];
+        };
         if (isOneOf(name, ProfileElements))
-            profile.properties[name] = text();
+            profile.properties[name] = textAndAttributes(NoKeys, part);
         else if (is(Icon))
-            profile.icon = QByteArray::fromBase64(text().toLatin1());
+            profile.icon = QByteArray::fromBase64(textAndAttributes(NoKeys, part).toLatin1());
         else if (is(Signature))
             readSignature(profile.properties[Signatures]);
         else if (is(Macros))
             readMacros(profile);
         else if (is(Assignments))
-            profile.categories.insert(readAssignments(profile, profile.assignments));
+            profile.categories.insert(
+                readAssignments(profile, profile.assignments, profile.extensions.assignments));
         else if (is(Backup))
-            readAssignments(profile, profile.backup);
+            readAssignments(profile, profile.backup, profile.extensions.backup);
         else if (is(Pointer))
             readPointer(profile);
         else if (is(Property))
-            readProperty(profile.properties);
+            readProperty(profile.properties, profile.extensions.parts);
         else
-            profile.extensionElements.append(fragment());
+            profile.extensions.elements.append(fragment());
     }
 
-    void readProperty(cJsonValue& record)
+    void readProperty(cJsonValue& record, cJsonValue& parts)
     {
         const QString name = attribute(PropertyName);
+        const auto part = [&]() -> cJsonValue& {
+            return parts[Property][name];
+        };
         cJsonValue value;
         QString error;
-        if (HVS::fromJsonText(text().toUtf8(), value, &error))
+        if (HVS::fromJsonText(textAndAttributes(PropertyKeys, part).toUtf8(), value, &error))
             record[name] = value;
         else
             m_xml.raiseError(error);
     }
 
-    /// Keeps the attributes of the element that the reader stands on, apart from the known ones.
-    template<typename Names>
-    void keepAttributes(const Names& known, cJsonValue& record)
+    /// Keeps the attributes of the element that the reader stands on, apart from the known ones, in the
+    /// record that `part` gives. It is only asked for if there are any: asking may make it.
+    template<typename Names, typename Part>
+    void keepAttributes(const Names& known, const Part& part)
     {
         for (const QXmlStreamAttribute& each : m_xml.attributes()) {
             const QString name = each.qualifiedName().toString();
             if (!isOneOf(name, known))
-                record[ExtensionAttributes][name] = each.value().toString();
+                part()[ExtensionAttributes][name] = each.value().toString();
         }
+    }
+
+    template<typename Names>
+    void keepAttributes(const Names& known, cJsonValue& record)
+    {
+        keepAttributes(known, [&]() -> cJsonValue& { return record; });
     }
 
     void keepElement(cJsonValue& record) { record[ExtensionElements].append(fragment()); }
@@ -206,8 +237,13 @@ private:
 
     void readMacros(Profile& profile)
     {
-        while (nextChild())
-            readMacro(profile.macros.emplace_back());
+        keepAttributes(NoKeys, [&]() -> cJsonValue& { return profile.extensions.parts[Macros]; });
+        while (nextChild()) {
+            if (is(Macro))
+                readMacro(profile.macros.emplace_back());
+            else
+                profile.extensions.elements.append(element(Macros, {}, fragment()));
+        }
     }
 
     void readMacro(cJsonValue& macro)
@@ -226,9 +262,12 @@ private:
                 keepAttributes(RepeatKeys, repeat);
                 keepElements(repeat);
             } else if (is(Data)) {
-                macro[Data] = readData(qAsConst(macro)["namespace"].toString());
+                readData(macro);
             } else if (is(Property)) {
-                readProperty(macro);
+                cJsonValue parts;
+                readProperty(macro, parts);
+                if (!parts.isNull())
+                    macro[ExtensionParts][Property] = parts[Property];
             } else {
                 keepElement(macro);
             }
@@ -236,44 +275,106 @@ private:
     }
 
     /// The payload. What its type does not understand, or has no type here, is kept as text.
-    cJsonValue readData(const QString& macroNamespace)
+    void readData(cJsonValue& macro)
     {
-        cJsonValue data;
-        if (attribute(DataFormat) == QLatin1String(DataFormatJson)) {
+        const auto part = [&]() -> cJsonValue& {
+            return macro[ExtensionParts][Data];
+        };
+        const QString format = attribute(DataFormat);
+        if (format == QLatin1String(DataFormatJson)) {
             QString error;
-            if (!HVS::fromJsonText(text().toUtf8(), data, &error))
+            if (!HVS::fromJsonText(textAndAttributes(DataKeys, part).toUtf8(), macro[Data], &error))
                 m_xml.raiseError(error);
-            return data;
+            return;
         }
-        const cMacroTypePtr type = m_types ? m_types(macroNamespace) : cMacroTypePtr();
-        QString raw;
-        bool isMore = nextChild();
-        if (isMore && type) {
-            const QDomElement element = XmlFragment::takeElement(m_xml, m_dom, ProfileDocument::MaxDepth);
-            data = type->XmlToJson(element);
-            isMore = nextChild();
-            if (!data.isNull() && !isMore)
-                return data;
-            QXmlStreamWriter writer(&raw);
-            XmlFragment::writeElement(writer, element);
+        const QXmlStreamAttributes attributes = m_xml.attributes();
+        const DataContent content = readDataContent(
+            m_types && format.isEmpty() ? m_types(qAsConst(macro)["namespace"].toString()) : cMacroTypePtr());
+        if (!format.isEmpty() || content.hasText) {
+            // Of a form that is not known.
+            macro[ExtensionElements].append(element(Data, attributes, content.raw));
+            return;
         }
-        for (; isMore; isMore = nextChild())
-            raw += fragment();
-        data.clear();
-        if (!raw.isEmpty())
-            data[RawData] = raw;
-        return data;
+        for (const QXmlStreamAttribute& each : attributes)
+            part()[ExtensionAttributes][each.qualifiedName().toString()] = each.value().toString();
+        macro[Data] = content.data;
+        if (content.data.isNull() && !content.raw.isEmpty())
+            macro[Data][RawData] = content.raw;
     }
 
-    /// Returns the category. `entries` are those of the profile that the element holds.
-    QString readAssignments(Profile& profile, std::map<ControlKey, QString>& entries)
+    struct DataContent
+    {
+        /// What the type made of it; null if it made nothing.
+        cJsonValue data;
+        /// The content as XML text.
+        QString raw;
+        /// True if there is text beside the elements.
+        bool hasText = false;
+    };
+
+    DataContent readDataContent(const cMacroTypePtr& type)
+    {
+        DataContent content;
+        QDomElement first;
+        QXmlStreamWriter writer(&content.raw);
+        // The type is shown its element before what follows is known.
+        const auto writeFirst = [&] {
+            if (!first.isNull())
+                XmlFragment::writeElement(writer, first);
+            first.clear();
+        };
+        int children = 0;
+        while (!m_xml.atEnd()) {
+            const QXmlStreamReader::TokenType token = m_xml.readNext();
+            if (token == QXmlStreamReader::EndElement)
+                break;
+            if (token == QXmlStreamReader::StartElement && ++children == 1 && type && !content.hasText) {
+                first = XmlFragment::takeElement(m_xml, m_dom, ProfileDocument::MaxDepth);
+            } else if (token == QXmlStreamReader::StartElement) {
+                writeFirst();
+                content.raw += fragment();
+            } else if (token == QXmlStreamReader::Characters && !m_xml.isWhitespace()) {
+                writeFirst();
+                XmlFragment::writeCharacters(writer, m_xml.text().toString());
+                content.hasText = true;
+            }
+        }
+        if (!first.isNull())
+            content.data = type->XmlToJson(first);
+        if (content.data.isNull())
+            writeFirst();
+        return content;
+    }
+
+    /// An element with these attributes around XML text.
+    static QString element(
+        const QString& name, const QXmlStreamAttributes& attributes, const QString& content)
+    {
+        QString text;
+        QXmlStreamWriter writer(&text);
+        writer.writeStartElement(name);
+        for (const QXmlStreamAttribute& each : attributes)
+            writer.writeAttribute(each.qualifiedName().toString(), each.value().toString());
+        XmlFragment::writeText(writer, content);
+        writer.writeEndElement();
+        return text;
+    }
+
+    /// Returns the category. `entries` and `extensions` are those of the profile that the element holds.
+    QString readAssignments(Profile& profile, std::map<ControlKey, QString>& entries,
+        std::map<ControlKey, cJsonValue>& extensions)
     {
         const QString holder = m_xml.name().toString();
-        QString category = attribute(Category);
+        const QString category = attribute(Category);
+        keepAttributes(
+            CategoryKeys, [&]() -> cJsonValue& { return profile.extensions.parts[holder][category]; });
         while (nextChild()) {
             const std::optional<MKey::MKey_t> mode = ModeNames::parse(attribute(ShiftState));
             if (!is(Assignment) || !mode) {
-                profile.extensionElements.append(holding(holder, category, fragment()));
+                // In a holder of its own, which behind the known elements is read like this again.
+                QXmlStreamAttributes attributes;
+                attributes.append(QLatin1String(Category), category);
+                profile.extensions.elements.append(element(holder, attributes, fragment()));
                 continue;
             }
             const ControlKey control {category, *mode, attribute(ContextId)};
@@ -282,38 +383,42 @@ private:
             cJsonValue extension;
             keepAttributes(AssignmentKeys, extension);
             keepElements(extension);
-            if (&entries == &profile.assignments && !extension.isNull()) {
+            if (!extension.isNull()) {
                 extension[MacroUid] = macroUid;
-                profile.assignmentExtensions[control] = extension;
+                extensions[control] = extension;
             }
         }
         return category;
     }
 
-    /// An element like the one around the fragment, which holds the fragment alone. Behind the known elements
-    /// it is read like this again.
-    static QString holding(const QString& name, const QString& category, const QString& fragment)
-    {
-        QString text;
-        QXmlStreamWriter writer(&text);
-        writer.writeStartElement(name);
-        writer.writeAttribute(QLatin1String(Category), category);
-        XmlFragment::writeText(writer, fragment);
-        writer.writeEndElement();
-        return text;
-    }
-
     void readPointer(Profile& profile)
     {
-        cPointerProperties& pointer = profile.pointers[attribute(Model)];
+        const QString model = attribute(Model);
+        cPointerProperties& pointer = profile.pointers[model];
         pointer.speed = number(Speed);
         pointer.acceleration = flag(Acceleration);
         pointer.reportRate = number(ReportRate);
         pointer.dpi.defaultLevel = number(DefaultLevel);
         pointer.dpi.shiftLevel = number(ShiftLevel);
+        const auto part = [&]() -> cJsonValue& {
+            return profile.extensions.parts[Pointer][model];
+        };
+        keepAttributes(PointerKeys, part);
         while (nextChild()) {
-            pointer.dpi.levels.append({number("x"), number("y")});
-            m_xml.skipCurrentElement();
+            if (!is(Dpi)) {
+                keepElement(part());
+                continue;
+            }
+            const cDpiSettings::Level level {number(DpiX), number(DpiY)};
+            cJsonValue extension;
+            keepAttributes(DpiKeys, extension);
+            keepElements(extension);
+            if (!extension.isNull()) {
+                extension[DpiX] = level.x;
+                extension[DpiY] = level.y;
+                part()[ExtensionParts][Dpi][QString::number(pointer.dpi.levels.size())] = extension;
+            }
+            pointer.dpi.levels.append(level);
         }
     }
 

@@ -54,6 +54,14 @@ struct ReplaceMacro
     cJsonValue macro;
 };
 
+/// Gives a command another place in the order of commands. Nobody is told, since nobody shows that order.
+struct MoveMacro
+{
+    QString profileId;
+    QString macroId;
+    int index = 0;
+};
+
 struct SetAssignment
 {
     QString profileId;
@@ -92,6 +100,13 @@ struct SetPointer
     std::optional<cPointerProperties> pointer;
 };
 
+/// Replaces what a document said beyond what is known. Nobody is told.
+struct SetExtensions
+{
+    QString profileId;
+    Profile::Extensions extensions;
+};
+
 enum class Role { Current, Default, Persistent };
 
 /// Gives a role to a profile; an empty id leaves it to none.
@@ -99,20 +114,31 @@ struct SetRole
 {
     Role role = Role::Current;
     QString profileId;
+    /// If this is set, only a profile of this id, or none, is relieved of the role: who was given it since
+    /// keeps it.
+    std::optional<QString> heldBy = std::nullopt;
 };
 
 } // namespace ProfileChanges
 
-using ProfileChange =
-    std::variant<ProfileChanges::InsertProfile, ProfileChanges::RemoveProfile, ProfileChanges::SetProperties,
-        ProfileChanges::InsertMacro, ProfileChanges::RemoveMacro, ProfileChanges::ReplaceMacro,
-        ProfileChanges::SetAssignment, ProfileChanges::SetBackup, ProfileChanges::SetCategory,
-        ProfileChanges::SetIcon, ProfileChanges::SetPointer, ProfileChanges::SetRole>;
+using ProfileChange = std::variant<ProfileChanges::InsertProfile, ProfileChanges::RemoveProfile,
+    ProfileChanges::SetProperties, ProfileChanges::InsertMacro, ProfileChanges::RemoveMacro,
+    ProfileChanges::ReplaceMacro, ProfileChanges::MoveMacro, ProfileChanges::SetAssignment,
+    ProfileChanges::SetBackup, ProfileChanges::SetCategory, ProfileChanges::SetIcon,
+    ProfileChanges::SetPointer, ProfileChanges::SetExtensions, ProfileChanges::SetRole>;
+
+/// What a step does, for people.
+struct StepName
+{
+    /// "Delete Command Reload"
+    QString one;
+    /// The same for several steps of this kind that are one to the user, with their number as %1: "Delete %1
+    /// Commands". Empty for a kind that comes alone.
+    QString many;
+};
 
 /// Changes that are made, and unmade, together.
 struct ProfileStep
 {
-    /// What the step does, for people: "Delete Command Reload".
-    QString text;
     std::vector<ProfileChange> changes;
 };

@@ -2,14 +2,16 @@
 
 #include "ProfileDocument.h"
 
+#include <WholeFile.h>
+
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QUuid>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -153,19 +155,26 @@ bool ProfileStore::writeNow()
     bool allWritten = true;
     const QSet<QString> ids = m_changed;
     for (const QString& id : ids)
-        allWritten = writeNow(id) && allWritten;
+        allWritten = write(id) && allWritten;
+    if (!allWritten)
+        scheduleRetry();
     return allWritten;
 }
 
 bool ProfileStore::writeNow(const QString& profileId)
 {
-    const QString id = profileId.toUpper();
+    const bool isWritten = write(profileId.toUpper());
+    if (!isWritten)
+        scheduleRetry();
+    return isWritten;
+}
+
+bool ProfileStore::write(const QString& id)
+{
     if (!m_changed.contains(id))
         return true;
-    if (m_isReadOnly || !writeOne(id)) {
-        scheduleRetry();
+    if (m_isReadOnly || !writeOne(id))
         return false;
-    }
     m_changed.remove(id);
     if (m_changed.isEmpty()) {
         m_writeTimer.stop();
@@ -203,12 +212,46 @@ bool ProfileStore::writeOne(const QString& profileId)
             tr("The profile %1 holds something that can't be saved: %2.").arg(profile->name(), unreadable));
         return false;
     }
-    QSaveFile file(documentPath(profileId));
-    if (file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit())
+    QString reason;
+    if (WholeFile::write(documentPath(profileId), document, &reason))
         return true;
     reportFailure(tr("The profile %1 could not be saved: %2. It stays open and is tried again.")
-                      .arg(profile->name(), file.errorString()));
+                      .arg(profile->name(), reason));
     return false;
+}
+
+std::vector<const Profile*> ProfileStore::unwritten() const
+{
+    std::vector<const Profile*> profiles;
+    for (const QString& id : m_changed) {
+        if (const Profile* profile = m_source(id))
+            profiles.push_back(profile);
+    }
+    std::sort(profiles.begin(), profiles.end(), [](const Profile* a, const Profile* b) {
+        return std::make_pair(a->name(), a->uid()) < std::make_pair(b->name(), b->uid());
+    });
+    return profiles;
+}
+
+QString ProfileStore::writeUnwrittenTo(const QString& folder) const
+{
+    for (const Profile* profile : unwritten()) {
+        const QByteArray document = ProfileDocument::write({*profile}, m_types);
+        QString reason;
+        if (!WholeFile::write(freePath(folder, profile->uid()), document, &reason)) {
+            return tr("The profile %1 could not be saved in %2: %3.")
+                .arg(profile->name(), QDir::toNativeSeparators(folder), reason);
+        }
+    }
+    return QString();
+}
+
+bool ProfileStore::holds(const QString& path) const
+{
+    // The folder of the path, since the file itself need not be there yet.
+    const QString folder = QFileInfo(QFileInfo(path).absolutePath()).canonicalFilePath();
+    const QString own = QFileInfo(m_folder).canonicalFilePath();
+    return !own.isEmpty() && (folder + QLatin1Char('/')).startsWith(own + QLatin1Char('/'));
 }
 
 bool ProfileStore::removeOne(const QString& path)
@@ -224,13 +267,18 @@ bool ProfileStore::removeOne(const QString& path)
 QString ProfileStore::documentPath(const QString& profileId)
 {
     QString& path = m_paths[profileId];
+    if (path.isEmpty())
+        path = freePath(m_folder, profileId);
+    return path;
+}
+
+QString ProfileStore::freePath(const QString& folder, const QString& profileId)
+{
     const QString name = fileName(profileId);
-    for (int i = 1; path.isEmpty(); ++i) {
-        const QString number = i == 1 ? QString() : QStringLiteral("%1-").arg(i);
-        const QString candidate = QDir(m_folder).filePath(number + name);
-        if (!QFileInfo::exists(candidate))
-            path = candidate;
-    }
+    QString path = QDir(folder).filePath(name);
+    // A link that leads nowhere is there, too.
+    for (int i = 2; QFileInfo::exists(path) || QFileInfo(path).isSymLink(); ++i)
+        path = QDir(folder).filePath(QStringLiteral("%1-%2").arg(i).arg(name));
     return path;
 }
 

@@ -31,7 +31,7 @@ public:
     /// How long a change waits for others before it is written, in milliseconds.
     static constexpr int WriteDelay = 500;
     /// How long the store waits before it tries a failed write again, in milliseconds; doubled at each
-    /// failure.
+    /// round that fails.
     static constexpr int FirstRetryDelay = 2000;
     static constexpr int LastRetryDelay = 60000;
 
@@ -54,6 +54,14 @@ public:
     bool writeNow();
     /// The same for one profile.
     bool writeNow(const QString& profileId);
+    /// Writes what is out of date into another folder, into documents of its own beside what is there. It
+    /// stays out of date here. Returns what went wrong, for people; empty if nothing did.
+    QString writeUnwrittenTo(const QString& folder) const;
+    /// The profiles that writeUnwrittenTo() would write.
+    std::vector<const Profile*> unwritten() const;
+
+    /// True for a path in the folder: what stands there is the store's.
+    bool holds(const QString& path) const;
 
     /// The name of the document of a profile: made of the digits of an id that is a UUID, of a digest for any
     /// other.
@@ -74,10 +82,14 @@ private:
     QString readOnlyText() const;
     static QString unusable(const QString& path, const QString& reason);
     void setAside(const QString& path, const QString& reason);
+    /// Writes what is out of date of a profile whose id is in capitals.
+    bool write(const QString& id);
     bool writeOne(const QString& profileId);
     bool removeOne(const QString& path);
     /// Where the profile's document is, or goes: never at the place of a file that is not its own.
     QString documentPath(const QString& profileId);
+    /// A path for the profile's document at which no file is.
+    static QString freePath(const QString& folder, const QString& profileId);
     void reportFailure(const QString& text);
     void scheduleRetry();
 

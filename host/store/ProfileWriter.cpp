@@ -30,6 +30,7 @@ public:
         m_xml.writeStartDocument();
         start(Root);
         attribute(RootVersion, QString::number(ProfileDocument::Version));
+        writeRootExtension(profiles);
         for (const Profile& profile : profiles)
             writeProfile(profile);
         end();
@@ -78,13 +79,35 @@ private:
             attribute(name, QLatin1String(True));
     }
 
-    void textElement(const char* name, const QString& text)
+    /// An element with a text and what is kept of it; none if there is neither.
+    void textElement(const char* name, const QString& text, const cJsonValue& extension)
     {
-        if (text.isEmpty())
+        if (text.isEmpty() && extension.isNull())
             return;
         start(name);
+        writeExtensionAttributes(extension, NoKeys);
         XmlFragment::writeCharacters(m_xml, text);
+        writeInlineElements(extension);
         endEmpty();
+    }
+
+    /// Elements that stand behind a text, in which white space counts.
+    void writeInlineElements(const cJsonValue& record)
+    {
+        forExtensionElements(record, [&](const QString& text) { XmlFragment::writeText(m_xml, text); });
+    }
+
+    void writeRootExtension(const std::vector<Profile>& profiles)
+    {
+        cJsonValue root;
+        for (const Profile& profile : profiles) {
+            const cJsonValue& attributes = profile.extensions.parts[Root][ExtensionAttributes];
+            for (const QString& name : HVS::jsonKeys(attributes)) {
+                if (!root[ExtensionAttributes].contains(name.toUtf8().constData()))
+                    root[ExtensionAttributes][name] = attributes[name.toUtf8().constData()];
+            }
+        }
+        writeExtensionAttributes(root, RootKeys);
     }
 
     void json(const cJsonValue& value)
@@ -103,14 +126,17 @@ private:
     }
 
     /// The keys of a record that have no place of their own, or whose value does not fit in it.
-    void writeProperties(const cJsonValue& record, const QSet<QString>& placed)
+    void writeProperties(const cJsonValue& record, const QSet<QString>& placed, const cJsonValue& parts)
     {
         for (const QString& key : HVS::jsonKeys(record)) {
             if (placed.contains(key))
                 continue;
             start(Property);
             attribute(PropertyName, key);
+            const cJsonValue& extension = parts[Property][key.toUtf8().constData()];
+            writeExtensionAttributes(extension, PropertyKeys);
             json(record[key.toUtf8().constData()]);
+            writeInlineElements(extension);
             endEmpty();
         }
     }
@@ -140,18 +166,26 @@ private:
         }
     }
 
-    /// Kept elements of a record; as above. Returns true if there are any.
-    bool writeExtensionElements(const cJsonValue& record)
+    /// Kept elements of a record; as above.
+    template<typename Use>
+    static void forExtensionElements(const cJsonValue& record, const Use& use)
     {
         const cJsonValue& elements = record[ExtensionElements];
-        bool isAny = false;
         for (unsigned i = 0; i < elements.size(); ++i) {
             const QString text = elements[int(i)].toString();
-            if (!text.isEmpty() && XmlFragment::isElements(text, ProfileDocument::MaxDepth)) {
-                fragment(text);
-                isAny = true;
-            }
+            if (!text.isEmpty() && XmlFragment::isElements(text, ProfileDocument::MaxDepth))
+                use(text);
         }
+    }
+
+    /// Returns true if there are any.
+    bool writeExtensionElements(const cJsonValue& record)
+    {
+        bool isAny = false;
+        forExtensionElements(record, [&](const QString& text) {
+            fragment(text);
+            isAny = true;
+        });
         return isAny;
     }
 
@@ -167,19 +201,19 @@ private:
             attributeUnlessEmpty(name, placedText(profile.properties, name, placed));
         for (const char* name : ProfileFlags)
             flagIfSet(name, profile.properties[name].toBool());
-        for (const auto& [name, value] : profile.extensionAttributes)
+        for (const auto& [name, value] : profile.extensions.attributes)
             m_xml.writeAttribute(name, value);
         for (const char* name : ProfileElements)
-            textElement(name, placedText(profile.properties, name, placed));
-        textElement(Icon, QString::fromLatin1(profile.icon.toBase64()));
+            textElement(name, placedText(profile.properties, name, placed), profile.extensions.parts[name]);
+        textElement(Icon, QString::fromLatin1(profile.icon.toBase64()), profile.extensions.parts[Icon]);
         writeSignatures(profile.properties[Signatures]);
-        writeMacros(profile.macros);
+        writeMacros(profile);
         writeAssignments(profile);
         writeBackup(profile);
         for (const auto& [model, pointer] : profile.pointers)
-            writePointer(model, pointer);
-        writeProperties(profile.properties, placed);
-        for (const QString& element : profile.extensionElements)
+            writePointer(model, pointer, profile.extensions.parts[Pointer][model.toUtf8().constData()]);
+        writeProperties(profile.properties, placed, profile.extensions.parts);
+        for (const QString& element : profile.extensions.elements)
             fragment(element);
         end();
     }
@@ -195,21 +229,23 @@ private:
         }
     }
 
-    void writeMacros(const std::vector<cJsonValue>& macros)
+    void writeMacros(const Profile& profile)
     {
-        if (macros.empty())
+        const cJsonValue& extension = profile.extensions.parts[Macros];
+        if (profile.macros.empty() && extension.isNull())
             return;
         start(Macros);
-        for (const cJsonValue& macro : macros)
+        writeExtensionAttributes(extension, NoKeys);
+        for (const cJsonValue& macro : profile.macros)
             writeMacro(macro);
-        end();
+        profile.macros.empty() ? endEmpty() : end();
     }
 
     void writeMacro(const cJsonValue& macro)
     {
         start(Macro);
         QSet<QString> placed {"uid", "name", "display_name", "namespace", Hidden, Repeat, Data,
-            ExtensionElements, ExtensionAttributes};
+            ExtensionElements, ExtensionAttributes, ExtensionParts};
         for (const char* name : MacroTexts) {
             const QString text = placedText(macro, name, placed);
             if (macro.contains(name))
@@ -226,7 +262,7 @@ private:
             endWithExtensions(repeat);
         }
         writeData(macro);
-        writeProperties(macro, placed);
+        writeProperties(macro, placed, macro[ExtensionParts]);
         writeExtensionElements(macro);
         end();
     }
@@ -234,9 +270,13 @@ private:
     void writeData(const cJsonValue& macro)
     {
         const cJsonValue& data = macro[Data];
-        if (data.isNull())
+        const cJsonValue& extension = macro[ExtensionParts][Data];
+        if (data.isNull() && extension.isNull())
             return;
         start(Data);
+        writeExtensionAttributes(extension, DataKeys);
+        if (data.isNull())
+            return endEmpty();
         if (isRaw(data)) {
             XmlFragment::writeText(m_xml, data[RawData].toString());
             return endEmpty();
@@ -249,6 +289,7 @@ private:
         } else {
             attribute(DataFormat, QLatin1String(DataFormatJson));
             json(data);
+            writeInlineElements(extension);
         }
         endEmpty();
     }
@@ -271,28 +312,27 @@ private:
     }
 
     /// What the document said about the assignment, as long as it is the same one.
-    static const cJsonValue& extensionOf(
-        const Profile& profile, const ControlKey& control, const QString& macroUid)
+    static const cJsonValue& extensionOf(const std::map<ControlKey, cJsonValue>& extensions,
+        const ControlKey& control, const QString& macroUid)
     {
-        const auto found = profile.assignmentExtensions.find(control);
-        const bool isSame =
-            found != profile.assignmentExtensions.end() && found->second[MacroUid].toString() == macroUid;
+        const auto found = extensions.find(control);
+        const bool isSame = found != extensions.end() && found->second[MacroUid].toString() == macroUid;
         return isSame ? found->second : cJsonValue::null();
     }
 
-    /// The entries of one category, which stand together in the map. `entries` are those of the profile that
-    /// are written.
-    void writeCategory(const char* name, const QString& category, const Profile& profile,
-        const std::map<ControlKey, QString>& entries)
+    /// The entries of one category, which stand together in the map. `parts` is what is kept of the elements
+    /// that hold such entries.
+    void writeCategory(const char* name, const QString& category, const cJsonValue& parts,
+        const std::map<ControlKey, QString>& entries, const std::map<ControlKey, cJsonValue>& extensions)
     {
         start(name);
         attribute(Category, category);
+        writeExtensionAttributes(parts[category.toUtf8().constData()], CategoryKeys);
         bool isEmpty = true;
         for (auto entry = entries.lower_bound({category, MKey::M1, QString()});
              entry != entries.end() && entry->first.category == category; ++entry) {
-            const bool isBackup = &entries == &profile.backup;
-            writeAssignment(entry->first, entry->second,
-                isBackup ? cJsonValue::null() : extensionOf(profile, entry->first, entry->second));
+            writeAssignment(
+                entry->first, entry->second, extensionOf(extensions, entry->first, entry->second));
             isEmpty = false;
         }
         isEmpty ? endEmpty() : end();
@@ -306,7 +346,8 @@ private:
         categories.sort();
         categories.removeDuplicates();
         for (const QString& category : qAsConst(categories))
-            writeCategory(Assignments, category, profile, profile.assignments);
+            writeCategory(Assignments, category, profile.extensions.parts[Assignments], profile.assignments,
+                profile.extensions.assignments);
     }
 
     void writeBackup(const Profile& profile)
@@ -314,12 +355,15 @@ private:
         QStringList categories;
         for (const auto& entry : profile.backup)
             categories.append(entry.first.category);
+        categories += HVS::jsonKeys(profile.extensions.parts[Backup]);
+        categories.sort();
         categories.removeDuplicates();
         for (const QString& category : qAsConst(categories))
-            writeCategory(Backup, category, profile, profile.backup);
+            writeCategory(Backup, category, profile.extensions.parts[Backup], profile.backup,
+                profile.extensions.backup);
     }
 
-    void writePointer(const QString& model, const cPointerProperties& pointer)
+    void writePointer(const QString& model, const cPointerProperties& pointer, const cJsonValue& extension)
     {
         start(Pointer);
         attribute(Model, model);
@@ -328,13 +372,24 @@ private:
         attribute(ReportRate, QString::number(pointer.reportRate));
         attribute(DefaultLevel, QString::number(pointer.dpi.defaultLevel));
         attribute(ShiftLevel, QString::number(pointer.dpi.shiftLevel));
-        for (const cDpiSettings::Level& level : pointer.dpi.levels) {
-            start(Dpi);
-            attribute("x", QString::number(level.x));
-            attribute("y", QString::number(level.y));
-            endEmpty();
-        }
-        pointer.dpi.levels.isEmpty() ? endEmpty() : end();
+        writeExtensionAttributes(extension, PointerKeys);
+        for (int i = 0; i < pointer.dpi.levels.size(); ++i)
+            writeLevel(
+                pointer.dpi.levels[i], extension[ExtensionParts][Dpi][QByteArray::number(i).constData()]);
+        const bool hasElements = writeExtensionElements(extension);
+        pointer.dpi.levels.isEmpty() && !hasElements ? endEmpty() : end();
+    }
+
+    /// `extension` is what the document said of the level at this place, which may have been another one.
+    void writeLevel(const cDpiSettings::Level& level, const cJsonValue& extension)
+    {
+        const bool isSame = extension[DpiX].toInt() == level.x && extension[DpiY].toInt() == level.y;
+        const cJsonValue& kept = isSame ? extension : cJsonValue::null();
+        start(Dpi);
+        attribute(DpiX, QString::number(level.x));
+        attribute(DpiY, QString::number(level.y));
+        writeExtensionAttributes(kept, DpiKeys);
+        endWithExtensions(kept);
     }
 
     QXmlStreamWriter m_xml;

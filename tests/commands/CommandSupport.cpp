@@ -123,7 +123,7 @@ StyleSheetRemark::~StyleSheetRemark()
     qInstallMessageHandler(s_next);
 }
 
-Panel::Panel()
+Panel::Panel(bool isShown)
 {
     show(Profile);
     types = {cMacroTypePtr(new FakeType(Keys, QString())), cMacroTypePtr(new FakeType(Text, QString())),
@@ -139,7 +139,7 @@ Panel::Panel()
     window.resize(300, 400);
     list = std::make_unique<cMacroList>(&window);
     signalLog = std::make_unique<SignalLog>(*list, cMacroList::staticMetaObject, host);
-    window.show();
+    window.setVisible(isShown);
     host.clear();
 }
 

@@ -99,7 +99,8 @@ class Panel
     Q_DISABLE_COPY(Panel)
 
 public:
-    Panel();
+    /// With `isShown` false the window is left to the test to show.
+    explicit Panel(bool isShown = true);
     ~Panel();
 
     /// What reached the host since the last take, calls in full and the list's signals, in order.

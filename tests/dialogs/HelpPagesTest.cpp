@@ -1,6 +1,7 @@
 #include "CommandEditorHost.h"
 
 #include <cHelpMgrService.h>
+#include <DialogConstants.h>
 #include <HelpTopics.h>
 #include <HelpWindow.h>
 #include <IMacroEditor.h>
@@ -41,11 +42,11 @@ private:
             links << found.next().captured(1);
         return links;
     }
-    /// The topics of the forms of all command types.
+    /// The topics of the dialogs and of the forms of all command types.
     static QStringList topics()
     {
         CommandEditorHost host;
-        QStringList topics;
+        QStringList topics {DialogConstants::ProfileHelpTopic, DialogConstants::ScanHelpTopic};
         for (const cMacroTypePtr& type : host.types()) {
             const std::unique_ptr<IMacroEditor> form(type->editor(cJsonValue()));
             host.clear();
@@ -67,7 +68,7 @@ private:
 void HelpPagesTest::eachFormHasItsPage()
 {
     const QStringList found = topics();
-    QCOMPARE(found.size(), 10);
+    QCOMPARE(found.size(), 12);
     for (const QString& topic : found + QStringList({HelpTopics::View}))
         QVERIFY2(pages().contains(topic), qPrintable(topic));
 }

@@ -1,29 +1,22 @@
 #include "cMainUIService.h"
 
 #include <cMainUI.h>
+#include <DialogButtons.h>
 #include <DialogDriver.h>
 #include <FakeWindow.h>
 #include <IServiceMgr.h>
 #include <MessageDialog.h>
 #include <TestCase.h>
 
+#include <QClipboard>
 #include <QFile>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTemporaryDir>
 
 namespace {
-
-QPushButton* buttonOf(const QDialog& dialog, const QString& text)
-{
-    const QList<QPushButton*> buttons = dialog.findChildren<QPushButton*>();
-    for (QPushButton* button : buttons) {
-        if (button->accessibleName() == text)
-            return button;
-    }
-    return nullptr;
-}
 
 QPushButton* defaultButtonOf(const QDialog& dialog)
 {
@@ -70,6 +63,9 @@ private Q_SLOTS:
     void tabReachesEveryChoice();
     void longTextScrolls();
     void ampersandIsACharacter();
+    void lettersAnswer_data();
+    void lettersAnswer();
+    void copyTakesTheTexts();
     void parentDeletedMeanwhileIsSurvived();
     void withoutAWindowMessagesStillShow();
 
@@ -246,9 +242,53 @@ void cMainUIServiceTest::longTextScrolls()
 void cMainUIServiceTest::ampersandIsACharacter()
 {
     const DialogDriver driver(
-        [](QDialog& dialog) { QCOMPARE(buttonOf(dialog, "This & That")->text(), QString("This && That")); });
+        [](QDialog& dialog) { QCOMPARE(buttonOf(dialog, "This & That")->text(), QString("&This && That")); });
     cMainUI().conflict("T", "d", "i", "This & That", "N", "D");
     QVERIFY(driver.hasRun());
+}
+
+void cMainUIServiceTest::lettersAnswer_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifier");
+    QTest::addColumn<int>("answer");
+    const auto row = [](const char* name, Qt::Key key, Qt::KeyboardModifier modifier, int answer) {
+        QTest::newRow(name) << int(key) << int(modifier) << answer;
+    };
+    row("replace", Qt::Key_R, Qt::NoModifier, ConflictResolution::Replace);
+    row("replace with Alt", Qt::Key_R, Qt::AltModifier, ConflictResolution::Replace);
+    // "Remain" gives way to the choice before it.
+    row("remain", Qt::Key_E, Qt::NoModifier, ConflictResolution::DoNothing);
+    row("both", Qt::Key_B, Qt::NoModifier, ConflictResolution::Duplicate);
+    row("no choice's letter", Qt::Key_X, Qt::NoModifier, ConflictResolution::DoNothing);
+}
+
+void cMainUIServiceTest::lettersAnswer()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifier);
+    QFETCH(int, answer);
+    const DialogDriver driver([&](QDialog& dialog) {
+        dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key(key), Qt::KeyboardModifier(modifier));
+        // A button that is pressed by its shortcut shows that for a moment.
+        if (modifier != Qt::NoModifier)
+            QTRY_VERIFY(!dialog.isVisible());
+    });
+    QCOMPARE(int(cMainUI().conflict("T", "d", "i", "Replace", "Remain", "Both")), answer);
+    QVERIFY(driver.hasRun());
+}
+
+void cMainUIServiceTest::copyTakesTheTexts()
+{
+    const DialogDriver driver([](QDialog& dialog) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(dialog.isVisible());
+    });
+    cMainUI().conflict("Title", "description", "item", "Copy", "N", "D");
+    QVERIFY(driver.hasRun());
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("Title\n\ndescription\n\nitem"));
 }
 
 void cMainUIServiceTest::parentDeletedMeanwhileIsSurvived()

@@ -21,19 +21,31 @@ constexpr int LookInterval = 500;
 
 } // namespace
 
-Journey::Journey(const QStringList& arguments)
+Journey::Journey(const QStringList& arguments, const QMap<QString, QByteArray>& files)
     : m_arguments(QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments)
 {
-    QFile settings(dataFile(QStringLiteral("settings.json")));
-    if (settings.open(QFile::WriteOnly))
-        settings.write(R"({"settings": {"profiler": {"autoScannedForGames": true}}, "version": 1})");
-    settings.close();
+    writeSettings();
+    for (auto file = files.begin(); file != files.end(); ++file)
+        write(file.key(), file.value());
     start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
 }
 
 Journey::Journey(const QString& program, const QStringList& arguments, const QString& title)
 {
     start(program, arguments, title);
+}
+
+void Journey::writeSettings() const
+{
+    write(QStringLiteral("settings.json"),
+        R"({"version": 1, "settings": {"profiler": {"autoScannedForGames": true}}})");
+}
+
+void Journey::write(const QString& name, const QByteArray& content) const
+{
+    QFile file(dataFile(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("can't write %s", qPrintable(file.fileName()));
 }
 
 void Journey::start(const QString& program, const QStringList& arguments, const QString& title)

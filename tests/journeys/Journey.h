@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
+#include <QMap>
 #include <QPoint>
 #include <QProcess>
 #include <QRect>
@@ -13,9 +15,10 @@
 class Journey
 {
 public:
-    /// Starts the application and waits for its window. Check isRunning() afterwards. It has been started
-    /// before: what is offered at the very first start is not.
-    explicit Journey(const QStringList& arguments = {});
+    /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for
+    /// games before, unless the arguments give it data of their own. `files` are in its data folder before,
+    /// by their names.
+    explicit Journey(const QStringList& arguments = {}, const QMap<QString, QByteArray>& files = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
     ~Journey();
@@ -32,6 +35,7 @@ public:
     /// With the left button, in steps as a hand does.
     void drag(const QPoint& from, const QPoint& to);
     void moveTo(const QPoint& point);
+    /// Characters, one key after the other.
     void type(const QString& text);
     /// A key or a chord in xdotool's names, as in "ctrl+q".
     void key(const QString& chord);
@@ -43,7 +47,9 @@ public:
     /// What the whole screen shows now, with all windows.
     static QImage screen();
     static bool saveScreen(const QString& name);
-    /// Waits until a window whose title holds the text is there and has the keyboard.
+    /// Whether there is a visible window whose title holds the text.
+    bool hasWindow(const QString& title) const;
+    /// Waits until there is one that has the keyboard.
     bool waitForWindow(const QString& title);
     /// Waits until there is none.
     bool waitForNoWindow(const QString& title);
@@ -59,10 +65,11 @@ public:
     QString dataFile(const QString& name) const { return m_data.filePath(name); }
 
 private:
+    void writeSettings() const;
+    void write(const QString& name, const QByteArray& content) const;
     void start(const QString& program, const QStringList& arguments, const QString& title);
     /// The ids of its visible windows whose title holds the text, one a line.
     QString windows(const QString& title) const;
-    bool hasWindow(const QString& title) const;
     static QString xdotool(const QStringList& arguments);
     /// What makes xdotool move the pointer there.
     QStringList moveCommand(const QPoint& point) const;

@@ -83,7 +83,8 @@ QVector<Picture> inventory()
     add({"command_editor_highlight"}, 0, 0);
     add({"gradient_mask_gkeys"}, 980, 620);
     add({"gkey_on", "gkey_off", "gkey_hover"}, 32, 32);
-    for (const char* name : {"VeltranoBlackLogo", "horizontal_line", "text_field", "sprite_panel"})
+    for (const char* name : {"VeltranoBlackLogo", "horizontal_line", "text_field", "sprite_panel",
+             "check_mark", "down_arrow", "down_arrow_disabled"})
         pictures << Picture {Host, name, QSize(0, 0)};
     pictures << Picture {Host, "slider_thumb_H_small", QSize(0, 9)};
     for (const char* type : {"keystroke", "multikey", "textblock", "mouse", "media", "hotkeys", "launch",

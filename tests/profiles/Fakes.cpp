@@ -163,10 +163,13 @@ bool FakeMainUI::yesno(const QString&, const QString&)
     return false;
 }
 
-ConflictResolution::ConflictResolution_t FakeMainUI::conflict(
-    const QString&, const QString&, const QString&, const QString&, const QString&, const QString&)
+ConflictResolution::ConflictResolution_t FakeMainUI::conflict(const QString&, const QString& descriptionText,
+    const QString& itemText, const QString&, const QString&, const QString&)
 {
-    return ConflictResolution::ConflictResolution_t(0);
+    conflicts.append(descriptionText + QLatin1String(" | ") + itemText);
+    if (whileAsked)
+        whileAsked();
+    return answers.size() > 1 ? answers.takeFirst() : answers.first();
 }
 
 void FakeMainUI::info(const QString& titleText, const QString& messageText)

@@ -9,6 +9,8 @@
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
+
 /// A command type whose commands fit the given control types and whose data is written as one <fake> element.
 class FakeType : public IMacroType
 {
@@ -83,7 +85,7 @@ private:
     QMap<QString, cJsonValue> m_values;
 };
 
-/// A user who reads messages and answers nothing.
+/// A user who reads messages and answers conflicts.
 class FakeMainUI : public IMainUI
 {
     Q_OBJECT
@@ -105,4 +107,9 @@ public:
 
     /// "title: text" of each message.
     QStringList messages;
+    /// "description | item" of each conflict, and what is answered, the last one again and again.
+    QStringList conflicts;
+    QList<ConflictResolution::ConflictResolution_t> answers {ConflictResolution::Duplicate};
+    /// Called while a conflict is asked about.
+    std::function<void()> whileAsked;
 };

@@ -96,8 +96,8 @@ void ProfileDataTest::verifyCommands(const Profile& profile)
     }
     for (const auto& [control, id] : profile.assignments)
         QVERIFY2(ids.contains(id), qPrintable(control.contextId));
-    QVERIFY(profile.extensionElements.isEmpty());
-    QVERIFY(profile.extensionAttributes.empty());
+    QVERIFY(profile.extensions.elements.isEmpty());
+    QVERIFY(profile.extensions.attributes.empty());
 }
 
 void ProfileDataTest::defaultProfileIsReadWhole()

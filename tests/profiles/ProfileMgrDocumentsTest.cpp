@@ -24,6 +24,7 @@ private Q_SLOTS:
     void exportToAnImpossiblePathIsTold();
     void exportKeepsTheOldFileWhenItFails();
     void exportOfAnUnknownProfileWritesNothing();
+    void exportNeverReachesTheStoredDocuments();
 };
 
 void ProfileMgrDocumentsTest::exportedProfileIsImportedAsItWas()
@@ -182,6 +183,20 @@ void ProfileMgrDocumentsTest::exportOfAnUnknownProfileWritesNothing()
 {
     profiles().exportProfile(Unknown, path("none.lgp"));
     QVERIFY(!QFileInfo::exists(path("none.lgp")));
+}
+
+void ProfileMgrDocumentsTest::exportNeverReachesTheStoredDocuments()
+{
+    profiles().addProfile(profile(P, "Game"));
+    QVERIFY(profiles().saveAllProfiles());
+    const QByteArray before = snapshot();
+    for (const QString& name : documents()) {
+        profiles().exportProfile(P, folder() + QLatin1Char('/') + name);
+        QCOMPARE(takeProblems().size(), 1);
+    }
+    profiles().exportProfile(P, folder() + QStringLiteral("/new.xml"));
+    QCOMPARE(takeProblems().size(), 1);
+    QCOMPARE(snapshot(), before);
 }
 
 VELTRANO_TEST_MAIN(ProfileMgrDocumentsTest)

@@ -19,6 +19,9 @@ void ProfilesTestCase::init()
     m_types->registerMacroType(
         cMacroTypePtr(new FakeType(MacroNamespaces::MouseFunction, {"button", "key"})));
     m_mainUI.messages.clear();
+    m_mainUI.conflicts.clear();
+    m_mainUI.answers = {ConflictResolution::Duplicate};
+    m_mainUI.whileAsked = nullptr;
     writeFile(defaultDocument(),
         "<profiles version=\"1\"><profile name=\"Start\"><macros><macro uid=\"{D}\" name=\"Copy\" "
         "display_name=\"Copy\" namespace=\"urn:key\"/></macros><assignments "

@@ -98,7 +98,7 @@ ProfileChange randomChange(RandomProfiles& random, const ProfileBook& book)
     const ControlKey control = random.coin() ? G1 : G2;
     cJsonValue properties = profile ? profile->properties : cJsonValue();
     cJsonValue changed = known;
-    switch (random.number(12)) {
+    switch (random.number(14)) {
     case 0:
         return InsertProfile {random.profile(), random.number(4) - 1};
     case 1:
@@ -126,6 +126,10 @@ ProfileChange randomChange(RandomProfiles& random, const ProfileBook& book)
             random.coin() ? std::optional<cPointerProperties>(
                 cPointerProperties {{}, random.number(5), random.coin(), 0})
                           : std::nullopt};
+    case 11:
+        return MoveMacro {id, known["uid"].toString(), random.number(5) - 1};
+    case 12:
+        return SetExtensions {id, random.profile().extensions};
     default:
         return SetRole {Role(random.number(3)), random.coin() ? id : QString()};
     }
@@ -177,47 +181,40 @@ void ProfileBookTest::inverseBringsBackWhatWas()
 void ProfileBookTest::assignmentReplacesTheOldOne()
 {
     ProfileBook book;
-    book.apply({QString(),
-        {InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1},
-            InsertMacro {Id, macro("2"), -1}}});
-    QCOMPARE(lines(book.apply({QString(), {SetAssignment {Id, G1, "1"}}})), QStringList({"G1 = 1"}));
-    QCOMPARE(
-        lines(book.apply({QString(), {SetAssignment {Id, G1, "2"}}})), QStringList({"G1 - 1", "G1 = 2"}));
-    QCOMPARE(lines(book.apply({QString(), {SetAssignment {Id, G1, ""}}})), QStringList({"G1 - 2"}));
+    book.apply({{InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1},
+        InsertMacro {Id, macro("2"), -1}}});
+    QCOMPARE(lines(book.apply({{SetAssignment {Id, G1, "1"}}})), QStringList({"G1 = 1"}));
+    QCOMPARE(lines(book.apply({{SetAssignment {Id, G1, "2"}}})), QStringList({"G1 - 1", "G1 = 2"}));
+    QCOMPARE(lines(book.apply({{SetAssignment {Id, G1, ""}}})), QStringList({"G1 - 2"}));
 }
 
 void ProfileBookTest::deletedCommandIsAnnouncedBeforeItsControls()
 {
     ProfileBook book;
-    book.apply({QString(),
-        {InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1}, SetAssignment {Id, G1, "1"},
-            SetAssignment {Id, G2, "1"}}});
-    const ProfileStep step {
-        QString(), {SetAssignment {Id, G1, ""}, SetAssignment {Id, G2, ""}, RemoveMacro {Id, "1"}}};
+    book.apply({{InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1},
+        SetAssignment {Id, G1, "1"}, SetAssignment {Id, G2, "1"}}});
+    const ProfileStep step {{SetAssignment {Id, G1, ""}, SetAssignment {Id, G2, ""}, RemoveMacro {Id, "1"}}};
     QCOMPARE(lines(book.apply(step)), QStringList({"macro- 1", "G1 - 1", "G2 - 1"}));
 }
 
 void ProfileBookTest::undoneDeletionAnnouncesTheCommandBeforeItsControls()
 {
     ProfileBook book;
-    book.apply({QString(),
-        {InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1},
-            SetAssignment {Id, G1, "1"}}});
-    const auto outcome = book.apply({QString(), {RemoveMacro {Id, "1"}, SetAssignment {Id, G1, ""}}});
+    book.apply({{InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1},
+        SetAssignment {Id, G1, "1"}}});
+    const auto outcome = book.apply({{RemoveMacro {Id, "1"}, SetAssignment {Id, G1, ""}}});
     QCOMPARE(lines(book.apply(outcome.inverse)), QStringList({"macro+ 1", "G1 = 1"}));
 }
 
 void ProfileBookTest::propertyEventComesOnceAndNotForAGoneProfile()
 {
     ProfileBook book;
-    book.apply({QString(),
-        {InsertProfile {emptyProfile(Id), -1}, InsertProfile {emptyProfile("{B}"), -1},
-            SetRole {Role::Default, Id}}});
+    book.apply({{InsertProfile {emptyProfile(Id), -1}, InsertProfile {emptyProfile("{B}"), -1},
+        SetRole {Role::Default, Id}}});
     cJsonValue renamed = emptyProfile("{B}").properties;
     renamed["name"] = "New";
-    const auto outcome = book.apply({QString(),
-        {SetProperties {"{B}", renamed}, SetIcon {"{B}", "png"}, SetRole {Role::Default, "{B}"},
-            RemoveProfile {Id}}});
+    const auto outcome = book.apply({{SetProperties {"{B}", renamed}, SetIcon {"{B}", "png"},
+        SetRole {Role::Default, "{B}"}, RemoveProfile {Id}}});
     QCOMPARE(lines(outcome), QStringList({"changed {B}", "deleted {A}"}));
     QCOMPARE(outcome.touched, QSet<QString>({Id, "{B}"}));
     QVERIFY(outcome.rolesChanged);
@@ -226,13 +223,12 @@ void ProfileBookTest::propertyEventComesOnceAndNotForAGoneProfile()
 void ProfileBookTest::changeWithoutEffectIsNoStep()
 {
     ProfileBook book;
-    book.apply({QString(), {InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1}}});
-    const auto outcome = book.apply({QString(),
-        {InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1}, RemoveMacro {Id, "2"},
-            ReplaceMacro {Id, macro("1")}, SetAssignment {Id, G1, ""},
-            SetProperties {Id, emptyProfile(Id).properties}, RemoveProfile {"{C}"},
-            InsertMacro {"{C}", macro("1"), -1}, InsertMacro {Id, cJsonValue(), -1},
-            SetRole {Role::Current, "{C}"}}});
+    book.apply({{InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1}}});
+    const auto outcome = book.apply({{InsertProfile {emptyProfile(Id), -1}, InsertMacro {Id, macro("1"), -1},
+        RemoveMacro {Id, "2"}, ReplaceMacro {Id, macro("1")}, SetAssignment {Id, G1, ""},
+        SetProperties {Id, emptyProfile(Id).properties}, RemoveProfile {"{C}"},
+        InsertMacro {"{C}", macro("1"), -1}, InsertMacro {Id, cJsonValue(), -1},
+        SetRole {Role::Current, "{C}"}}});
     QVERIFY(outcome.inverse.changes.empty());
     QVERIFY(outcome.events.empty());
     QVERIFY(outcome.touched.isEmpty());
@@ -242,23 +238,21 @@ void ProfileBookTest::changeWithoutEffectIsNoStep()
 void ProfileBookTest::idsAreComparedWithoutRegardToCase()
 {
     ProfileBook book;
-    book.apply({QString(),
-        {InsertProfile {emptyProfile("{ab}"), -1}, InsertMacro {"{AB}", macro("cd"), -1},
-            SetAssignment {"{Ab}", G1, "cd"}}});
+    book.apply({{InsertProfile {emptyProfile("{ab}"), -1}, InsertMacro {"{AB}", macro("cd"), -1},
+        SetAssignment {"{Ab}", G1, "cd"}}});
     QVERIFY(book.find("{AB}"));
     QVERIFY(book.findMacro("{aB}", "CD"));
     QCOMPARE(book.controlsOf("{ab}", "CD").size(), std::size_t(1));
-    book.apply({QString(), {InsertProfile {emptyProfile("{AB}"), -1}}});
+    book.apply({{InsertProfile {emptyProfile("{AB}"), -1}}});
     QCOMPARE(book.ids(), QStringList({"{ab}"}));
 }
 
 void ProfileBookTest::placesAreKeptByUndo()
 {
     ProfileBook book;
-    book.apply({QString(),
-        {InsertProfile {emptyProfile("{1}"), -1}, InsertProfile {emptyProfile("{2}"), -1},
-            InsertProfile {emptyProfile("{3}"), -1}}});
-    const auto outcome = book.apply({QString(), {RemoveProfile {"{2}"}, RemoveProfile {"{1}"}}});
+    book.apply({{InsertProfile {emptyProfile("{1}"), -1}, InsertProfile {emptyProfile("{2}"), -1},
+        InsertProfile {emptyProfile("{3}"), -1}}});
+    const auto outcome = book.apply({{RemoveProfile {"{2}"}, RemoveProfile {"{1}"}}});
     QCOMPARE(book.ids(), QStringList({"{3}"}));
     book.apply(outcome.inverse);
     QCOMPARE(book.ids(), QStringList({"{1}", "{2}", "{3}"}));

@@ -70,7 +70,11 @@ private Q_SLOTS:
     void elementsOfUnknownTypesAreKept_data();
     void elementsOfUnknownTypesAreKept();
     void unknownElementsAndAttributesAreKept();
+    void unknownPartsOfKnownElementsAreKept_data();
     void unknownPartsOfKnownElementsAreKept();
+    void elementAmongTheCommandsIsNoCommand();
+    void prefixesOfTheRootAreKept();
+    void extensionGoesWithItsResolution();
     void extensionGoesWithItsAssignment();
     void unknownModesAreKept();
     void textsOfAnyCharactersComeBack_data();
@@ -155,22 +159,93 @@ void ProfileDocumentTest::unknownElementsAndAttributesAreKept()
     QVERIFY(document.contains(own));
 }
 
+void ProfileDocumentTest::unknownPartsOfKnownElementsAreKept_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("kept");
+    const auto row = [](const char* name, const QByteArray& before, const QByteArray& kept,
+                         const QByteArray& after) {
+        QTest::newRow(name) << before + kept + after << kept;
+    };
+    row("signature", "", "<signature key=\"k\" value=\"\" executable=\"\" name=\"\" later=\"1\">",
+        "<deeper/></signature>");
+    row("repeat", "<macros><macro uid=\"{2}\">", "<repeat mode=\"toggle\" delay=\"30\" later=\"2\">",
+        "<deeper/></repeat></macro></macros>");
+    row("assignment", "<assignments category=\"c\">",
+        "<assignment macrouid=\"{2}\" contextid=\"G1\" shiftstate=\"M1\" later=\"3\">",
+        "<deeper/></assignment></assignments>");
+    row("entry of a backup", "<backup category=\"c\">",
+        "<assignment macrouid=\"\" contextid=\"G1\" shiftstate=\"M1\" later=\"3\">",
+        "<deeper/></assignment></backup>");
+    row("assignments", "", "<assignments category=\"c\" later=\"4\"", "><deeper/></assignments>");
+    row("backup", "", "<backup category=\"c\" later=\"5\"", "><deeper/></backup>");
+    row("backup with entries", "", "<backup category=\"c\" later=\"5\">",
+        "<assignment macrouid=\"{2}\" contextid=\"G1\" shiftstate=\"M1\"/><deeper/></backup>");
+    row("pointer", "",
+        "<pointer model=\"m &amp; n\" speed=\"1\" reportrate=\"2\" defaultlevel=\"0\" shiftlevel=\"0\" "
+        "later=\"6\"",
+        "><deeper/></pointer>");
+    row("resolution", "<pointer model=\"m\"><dpi x=\"1\" y=\"2\"/>", "<dpi x=\"1\" y=\"2\" later=\"7\">",
+        "<deeper/></dpi></pointer>");
+    row("macros", "", "<macros later=\"8\"", "><deeper/></macros>");
+    row("description", "", "<description later=\"9\">a", "<deeper/>b</description>");
+    row("icon", "", "<icon later=\"9\">iVBORw==", "<deeper/></icon>");
+    row("script without a text", "", "<script later=\"9\">", "<deeper/></script>");
+    row("property", "", "<property name=\"p\" later=\"10\">{}", "<deeper/></property>");
+    row("property of a command", "<macros><macro uid=\"{2}\">", "<property name=\"p\" later=\"10\">[1]",
+        "<deeper/></property></macro></macros>");
+    row("data", "<macros><macro uid=\"{2}\" namespace=\"urn:number\">",
+        "<data later=\"11\"><number also=\"1\" value=\"1\"/>", "</data><deeper/></macro></macros>");
+    row("data in JSON", "<macros><macro uid=\"{2}\">", "<data later=\"11\" format=\"json\">[1]",
+        "<deeper/></data></macro></macros>");
+    row("data without content", "<macros><macro uid=\"{2}\">", "<data later=\"11\"",
+        "/><deeper/></macro></macros>");
+    row("data of another form", "<macros><macro uid=\"{2}\" namespace=\"urn:number\">",
+        "<data format=\"packed\" later=\"12\">YWJj<deeper/>d</data>", "</macro></macros>");
+    row("data that is a text", "<macros><macro uid=\"{2}\" namespace=\"urn:number\">",
+        "<data><number value=\"1\"/>and more<deeper/></data>", "</macro></macros>");
+}
+
 void ProfileDocumentTest::unknownPartsOfKnownElementsAreKept()
 {
-    const QByteArray parts[] = {
-        "<signature key=\"k\" value=\"\" executable=\"\" name=\"\" later=\"1\">",
-        "<repeat mode=\"toggle\" delay=\"30\" later=\"2\">",
-        "<assignment macrouid=\"{2}\" contextid=\"G1\" shiftstate=\"M1\" later=\"3\">",
-    };
-    const QByteArray document =
-        write(read(wrapped(parts[0] + "<deeper/></signature><macros><macro uid=\"{2}\">" + parts[1]
-                       + "<deeper/></repeat></macro></macros><assignments category=\"c\">" + parts[2]
-                       + "<deeper/></assignment></assignments>"))
-                  .profiles.front());
-    for (const QByteArray& part : parts)
-        QVERIFY2(document.contains(part), document.constData());
-    QCOMPARE(document.count("<deeper/>"), 3);
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, kept);
+    const QByteArray document = write(read(wrapped(content), numberType()).profiles.front(), numberType());
+    QVERIFY2(document.contains(kept), document.constData());
+    QCOMPARE(document.count("<deeper/>"), 1);
+    const ReadResult again = read(document, numberType());
+    QCOMPARE(again.error, QString());
+    QCOMPARE(write(again.profiles.front(), numberType()), document);
+}
+
+void ProfileDocumentTest::elementAmongTheCommandsIsNoCommand()
+{
+    const QByteArray group = "<group name=\"later\"><macro uid=\"{3}\"/></group>";
+    const Profile profile =
+        read(wrapped("<macros><macro uid=\"{2}\"/>" + group + "</macros>")).profiles.front();
+    QCOMPARE(profile.macros.size(), std::size_t(1));
+    const QByteArray document = write(profile);
+    QCOMPARE(document.count(group), 1);
     QCOMPARE(write(read(document).profiles.front()), document);
+}
+
+void ProfileDocumentTest::prefixesOfTheRootAreKept()
+{
+    const QByteArray document =
+        write(read("<profiles version=\"1\" xmlns:later=\"urn:later\"><profile uid=\"{1}\">"
+                   "<later:thing/></profile></profiles>")
+                  .profiles.front());
+    QVERIFY2(document.contains("<profiles version=\"1\" xmlns:later=\"urn:later\">"), document.constData());
+    QDomDocument dom;
+    QVERIFY(dom.setContent(document, true));
+}
+
+void ProfileDocumentTest::extensionGoesWithItsResolution()
+{
+    Profile profile =
+        read(wrapped("<pointer model=\"m\"><dpi x=\"1\" y=\"2\" later=\"3\"/></pointer>")).profiles.front();
+    profile.pointers["m"].dpi.levels[0].x = 400;
+    QVERIFY(!write(profile).contains("later"));
 }
 
 void ProfileDocumentTest::extensionGoesWithItsAssignment()

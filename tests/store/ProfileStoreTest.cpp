@@ -1,3 +1,4 @@
+#include "FullDisk.h"
 #include "RandomProfiles.h"
 
 #include <ProfileDocument.h>
@@ -9,9 +10,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
 
 namespace {
 
@@ -62,23 +61,6 @@ public:
     QSignalSpy problems;
 };
 
-/// Lets no file of this process grow beyond a size while it lives, as a disk without room would.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t size)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit {size, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before {};
-};
-
 } // namespace
 
 class ProfileStoreTest : public TestCase
@@ -103,9 +85,13 @@ private Q_SLOTS:
     void newDocumentKeepsClearOfAForeignFile();
     void folderThatCantBeMadeIsReported();
     void failedWriteIsReportedOnceAndTriedAgain();
+    void fullDiskKeepsTheOldDocument_data();
     void fullDiskKeepsTheOldDocument();
     void secondStoreReadsAndDoesNotWrite();
     void hugeProfileIsNotWritten();
+    void severalFailuresAreOneRoundOfRetries();
+    void unwrittenProfilesGoToAnotherFolder();
+    void pathsInTheFolderAreTheStores();
 
 private:
     QString path(const QString& name) const { return m_folder + QLatin1Char('/') + name; }
@@ -342,16 +328,27 @@ void ProfileStoreTest::failedWriteIsReportedOnceAndTriedAgain()
     QVERIFY(readFile(ProfileStore::fileName(Id1)).contains("Changed"));
 }
 
+void ProfileStoreTest::fullDiskKeepsTheOldDocument_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("room");
+    QTest::newRow("large document") << 100000 << 20000;
+    // It waits in a buffer until the file is closed.
+    QTest::newRow("small document") << 1000 << 200;
+}
+
 void ProfileStoreTest::fullDiskKeepsTheOldDocument()
 {
+    QFETCH(int, size);
+    QFETCH(int, room);
     Shelf shelf(m_folder);
     shelf.put(namedProfile(Id1, "Old"));
     QVERIFY(shelf.store.writeNow());
     Profile grown = namedProfile(Id1, "New");
-    grown.properties["script"] = QString(100000, QLatin1Char('x'));
+    grown.properties["script"] = QString(size, QLatin1Char('x'));
     shelf.put(grown);
     {
-        const FullDisk disk(20000);
+        const FullDisk disk {rlim_t(room)};
         QVERIFY(!shelf.store.writeNow());
     }
     QCOMPARE(shelf.problems.size(), 1);
@@ -387,6 +384,56 @@ void ProfileStoreTest::hugeProfileIsNotWritten()
     QVERIFY(!shelf.store.writeNow());
     QVERIFY(shelf.lastProblem().contains(QStringLiteral("too large")));
     QVERIFY(readFile(ProfileStore::fileName(Id1)).contains("Small"));
+}
+
+void ProfileStoreTest::severalFailuresAreOneRoundOfRetries()
+{
+    Shelf shelf(m_folder);
+    for (int i = 0; i < 8; ++i) {
+        const QString id = QStringLiteral("{AAAAAAAA-0000-0000-0000-00000000000%1}").arg(i);
+        shelf.put(namedProfile(id, "P"));
+    }
+    {
+        const FullDisk disk(10);
+        QVERIFY(!shelf.store.writeNow());
+    }
+    // One delay of the first length, not one for each profile.
+    QTRY_VERIFY_WITH_TIMEOUT(!shelf.store.hasUnwritten(), 2 * ProfileStore::FirstRetryDelay);
+}
+
+void ProfileStoreTest::unwrittenProfilesGoToAnotherFolder()
+{
+    Shelf shelf(m_folder);
+    shelf.put(namedProfile(Id1, "Written"));
+    QVERIFY(shelf.store.writeNow());
+    shelf.put(namedProfile(Id2, "Unwritten"));
+    const QTemporaryDir other;
+    const QString name = ProfileStore::fileName(Id2);
+    QFile foreign(other.filePath(name));
+    QVERIFY(foreign.open(QIODevice::WriteOnly));
+    foreign.write("foreign");
+    foreign.close();
+    QCOMPARE(shelf.store.writeUnwrittenTo(other.path()), QString());
+    QCOMPARE(QDir(other.path()).entryList(QDir::Files), QStringList({"2-" + name, name}));
+    QVERIFY(shelf.store.hasUnwritten());
+    QFile written(other.filePath("2-" + name));
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    QCOMPARE(written.readAll(), document(Id2, "Unwritten"));
+    QVERIFY(shelf.store.writeUnwrittenTo(m_folder + "/no such folder").contains("Unwritten"));
+}
+
+void ProfileStoreTest::pathsInTheFolderAreTheStores()
+{
+    const Shelf shelf(m_folder);
+    QVERIFY(shelf.store.holds(path("new.xml")));
+    QVERIFY(shelf.store.holds(m_folder + "/../profiles/new.xml"));
+    QVERIFY(QDir(m_folder).mkdir("damaged"));
+    QVERIFY(shelf.store.holds(path("damaged/new.xml")));
+    QVERIFY(QFile::link(m_folder, m_directory->filePath("link")));
+    QVERIFY(shelf.store.holds(m_directory->filePath("link/new.xml")));
+    QVERIFY(!shelf.store.holds(m_directory->filePath("new.xml")));
+    QVERIFY(!shelf.store.holds(m_directory->filePath("no such folder/new.xml")));
+    QVERIFY(!shelf.store.holds(m_directory->filePath("profiles2/new.xml")));
 }
 
 VELTRANO_TEST_MAIN(ProfileStoreTest)

@@ -46,9 +46,10 @@ Profile RandomProfiles::profile()
         pointer.dpi.defaultLevel = 1;
     }
     if (coin())
-        profile.extensionElements.append(QStringLiteral("<x:later a=\"1&amp;2\"> mixed <b/>text </x:later>"));
+        profile.extensions.elements.append(
+            QStringLiteral("<x:later a=\"1&amp;2\"> mixed <b/>text </x:later>"));
     if (coin())
-        profile.extensionAttributes[QStringLiteral("x:flag")] = text();
+        profile.extensions.attributes[QStringLiteral("x:flag")] = text();
     return profile;
 }
 
@@ -116,12 +117,4 @@ QString RandomProfiles::uid()
     QUuid id(m_random.generate(), ushort(number(65536)), ushort(number(65536)), uchar(number(256)),
         uchar(number(256)), 3, 4, 5, 6, 7, 8);
     return coin() ? id.toString() : id.toString().toUpper();
-}
-
-bool operator==(const Profile& a, const Profile& b)
-{
-    return a.properties == b.properties && a.macros == b.macros && a.assignments == b.assignments
-        && a.categories == b.categories && a.backup == b.backup && a.icon == b.icon
-        && a.pointers == b.pointers && a.extensionElements == b.extensionElements
-        && a.extensionAttributes == b.extensionAttributes;
 }

@@ -23,5 +23,3 @@ public:
 private:
     QRandomGenerator m_random;
 };
-
-bool operator==(const Profile& a, const Profile& b);

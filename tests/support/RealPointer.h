@@ -1,31 +1,41 @@
 #pragma once
 
+#include <QObject>
 #include <QPoint>
 #include <QProcess>
 #include <QString>
-#include <QtTest>
-#include <QWidget>
+#include <QStringList>
 
-/// The pointer of the display, moved and pressed from outside the program.
-namespace RealPointer {
+class QWidget;
 
-/// Does what xdotool's words say, without waiting for it.
-inline void act(const QString& actions)
+/// The pointer and the keyboard of the display, moved and pressed from outside the program by xdotool.
+class RealPointer : public QObject
 {
-    if (!QProcess::startDetached("xdotool", actions.split(' ')))
-        QTest::qFail("xdotool does not start", __FILE__, __LINE__);
-}
+    Q_OBJECT
+    Q_DISABLE_COPY(RealPointer)
 
-/// The words that move it to a place of the screen.
-inline QString moveTo(const QPoint& place)
-{
-    return QString("mousemove %1 %2").arg(place.x()).arg(place.y());
-}
+public:
+    ~RealPointer() override;
 
-/// To the widget's middle, or beside it.
-inline QString moveTo(const QWidget& widget, const QPoint& offset = QPoint())
-{
-    return moveTo(widget.mapToGlobal(widget.rect().center()) + offset);
-}
+    /// Does what xdotool's words say, after all that was asked for before, without waiting for it.
+    static void act(const QString& actions);
+    /// Whether all that was asked for has been done.
+    static bool isIdle();
 
-} // namespace RealPointer
+    /// The words that move it to a place of the screen.
+    static QString moveTo(const QPoint& place);
+    /// To the widget's middle, or beside it.
+    static QString moveTo(const QWidget& widget, const QPoint& offset = QPoint());
+
+private Q_SLOTS:
+    void onFinished();
+
+private:
+    explicit RealPointer(QObject* parent);
+    static RealPointer& instance();
+    void startNext();
+
+    // One process at a time: two would overtake each other, and a release come before its press.
+    QProcess m_process;
+    QStringList m_waiting;
+};

@@ -7,7 +7,9 @@
 #include <ISettings.h>
 #include <ProfileDocument.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +21,11 @@ namespace {
 /// Where the settings keep the roles.
 const QLatin1String DefaultKey("profiles/default");
 const QLatin1String PersistentKey("profiles/persistent");
+
+/// Folder of the backups, beside that of the profiles.
+const QLatin1String BackupsFolder("backups");
+/// How often it is looked whether a new day has begun, in milliseconds.
+constexpr int DailyCheckTime = 15 * 60 * 1000;
 
 template<typename T>
 QGenericArgument tagged(const char* type, const T& value)
@@ -34,7 +41,10 @@ cProfileMgrService::cProfileMgrService(
     , m_defaultDocument(defaultDocument)
     , m_surroundings(surroundings)
     , m_store(folder, macroTypes(), [this](const QString& profileId) { return m_book.find(profileId); })
+    , m_history([this](ProfileStep step) { return carryOut(std::move(step)); })
+    , m_backups(QDir(QFileInfo(folder).absolutePath()).filePath(BackupsFolder), folder, macroTypes())
 {
+    connect(&m_dailyTimer, SIGNAL(timeout()), this, SLOT(backUpDaily()));
     connect(&m_store, SIGNAL(problem(QString)), this, SIGNAL(problem(QString)));
 }
 
@@ -42,6 +52,7 @@ cProfileMgrService::~cProfileMgrService() = default;
 
 void cProfileMgrService::load()
 {
+    backUpBeforeAnUpgrade();
     std::vector<Profile> profiles = m_store.readAll();
     const auto isBefore = [](const Profile& a, const Profile& b) {
         if (const int order = a.name().localeAwareCompare(b.name()); order != 0)
@@ -56,9 +67,11 @@ void cProfileMgrService::load()
         changes.emplace_back(InsertProfile {std::move(profile), isFirst ? 0 : -1});
     }
     // Nobody listens yet, and what was read need not be written.
-    m_book.apply({QString(), std::move(changes)});
+    m_book.apply({std::move(changes)});
     loadDefaultProfile();
     restoreRoles();
+    backUpDaily();
+    m_dailyTimer.start(DailyCheckTime);
 }
 
 void cProfileMgrService::loadDefaultProfile()
@@ -80,7 +93,10 @@ void cProfileMgrService::loadDefaultProfile()
     profile.properties["uid"] = QString(FixedIds::DefaultProfile);
     if (profile.name().isEmpty())
         profile.properties["name"] = tr("Default Profile");
-    perform(QString(), {InsertProfile {std::move(profile), 0}});
+    Changes changes;
+    changes.emplace_back(InsertProfile {std::move(profile), 0});
+    carryOut({std::move(changes)});
+    publishWaiting();
 }
 
 void cProfileMgrService::restoreRoles()
@@ -93,9 +109,8 @@ void cProfileMgrService::restoreRoles()
     };
     const QString byDefault = idOr(stored(DefaultKey), FixedIds::DefaultProfile);
     const QString persistent = idOr(stored(PersistentKey), QString());
-    m_book.apply({QString(),
-        {SetRole {Role::Default, byDefault}, SetRole {Role::Persistent, persistent},
-            SetRole {Role::Current, chooseCurrent(persistent, byDefault)}}});
+    m_book.apply({{SetRole {Role::Default, byDefault}, SetRole {Role::Persistent, persistent},
+        SetRole {Role::Current, chooseCurrent(persistent, byDefault)}}});
 }
 
 void cProfileMgrService::storeRoles()
@@ -104,19 +119,6 @@ void cProfileMgrService::storeRoles()
         return;
     m_surroundings.settings->setPropertyString(DefaultKey, m_book.withRole(Role::Default));
     m_surroundings.settings->setPropertyString(PersistentKey, m_book.withRole(Role::Persistent));
-}
-
-bool cProfileMgrService::perform(const QString& text, Changes changes)
-{
-    const ProfileBook::Outcome outcome = m_book.apply({text, std::move(changes)});
-    for (const QString& profileId : outcome.touched)
-        m_store.markChanged(profileId);
-    if (outcome.rolesChanged)
-        storeRoles();
-    for (const ProfileEvent& event : outcome.events)
-        m_waiting.enqueue(event);
-    publishWaiting();
-    return !outcome.inverse.changes.empty();
 }
 
 void cProfileMgrService::publishWaiting()

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ProfileHistory.h"
+
 #include <IProfileMgr.h>
+#include <ProfileBackups.h>
 #include <ProfileBook.h>
 #include <ProfileStore.h>
 
@@ -8,7 +11,9 @@
 #include <QSet>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -19,10 +24,15 @@ class ISettings;
 
 /// The service "Profiler.ProfileMgr" over the profile store.
 ///
-/// Every change goes through perform(): it is one step of the ProfileBook, its profiles are marked for
+/// Every change goes through carryOut(): it is one step of the ProfileBook, its profiles are marked for
 /// writing, and then its events are published. A change that is made while events go out is in memory at
 /// once, and its events follow those that still wait, so that listeners hear of changes in the order in which
 /// they happened.
+///
+/// What perform() does can be undone and redone, with the same events as any change. Roles and the choice of
+/// the current profile are no steps of their own, but a profile that comes back has the roles again that it
+/// lost when it went, unless they were given to others since. Neither is a step what a view does while
+/// enableProfileBackup() is off: nobody asked for it.
 ///
 /// Rules that the operations' names leave open:
 ///
@@ -53,6 +63,14 @@ class ISettings;
 /// Profiles go out as records with their commands and assignments from getProfileByID() and its like;
 /// profiles() leaves these two out, since callers walk the list for names and ids.
 ///
+/// Import: what a file holds is shown by the review, if there is one. A profile whose id or name is there
+/// already is asked about; without anybody to ask it comes in beside the other one, with an id and a name of
+/// its own.
+///
+/// Backups of all documents stand beside the folder of profiles. One is made each day, and one before
+/// profiles go, come in from a file or out of a backup, and before another version of the application reads
+/// them for the first time.
+///
 /// The current profile is what keys play: the persistent one if there is one, else the one whose target is
 /// the foreground application, else the default one. A profile with `lock` stays current until the process
 /// that made it so ends. testProfile() and activateNextProfile() override all that until an application with
@@ -73,6 +91,20 @@ public:
         IMainUI* mainUI = nullptr;
     };
 
+    /// What a file holds that is to be imported.
+    struct ImportFile
+    {
+        QString path;
+        std::vector<Profile> profiles;
+        /// Why it can't be read, for people.
+        QString problem;
+    };
+    /// Shows files before anything changes and takes out what is not to come in. False for nothing at all.
+    using ImportReview = std::function<bool(std::vector<ImportFile>& files)>;
+
+    /// How a profile of a file or of a backup relates to the profiles that there are.
+    enum class Presence { New, Same, Different, NameTaken };
+
     /// `folder` holds the documents; `defaultDocument` is the path of the document that a fresh start begins
     /// with.
     cProfileMgrService(const QString& folder, const QString& defaultDocument,
@@ -84,6 +116,11 @@ public:
 
     /// True if changes are not saved, because another process holds the profiles or they can't be written to.
     bool isReadOnly() const { return m_store.isReadOnly(); }
+    /// Names of the profiles with changes that are not saved.
+    QStringList unsavedNames() const;
+    /// Writes these profiles into another folder as documents that can be imported; they stay unsaved here.
+    /// Returns what went wrong, for people; empty if nothing did.
+    QString saveElsewhere(const QString& folder) const { return m_store.writeUnwrittenTo(folder); }
 
     bool addProfile(const cJsonValue& profile) override;
     bool addProfile(
@@ -172,8 +209,21 @@ public:
     QStringList profileIDs() override;
 
     const ProfileBook& book() const { return m_book; }
+    const ProfileHistory& history() const { return m_history; }
+
+    void setImportReview(ImportReview review) { m_importReview = std::move(review); }
+    /// Imports several files in one step.
+    void importProfiles(const QStringList& paths);
+    Presence presenceOf(const Profile& other) const;
+
+    const ProfileBackups& backups() const { return m_backups; }
+    /// Makes profiles what they are in documents of a backup; those that are gone come back. One step.
+    /// Returns how many changed.
+    int bringBack(const QString& backup, const QStringList& documents);
 
 public Q_SLOTS:
+    void undo();
+    void redo();
     /// Event of "MainApp_Events": chooses the current profile.
     void onForegroundAppChange(const QString& appPath, quint32 processId);
 
@@ -181,11 +231,31 @@ Q_SIGNALS:
     /// Something that the user has to know, in words.
     void problem(const QString& text);
 
+private Q_SLOTS:
+    void backUpDaily();
+
 private:
     using Changes = std::vector<ProfileChange>;
+    class Import;
 
-    /// The one place where profiles change. False if nothing did.
-    bool perform(const QString& text, Changes changes);
+    /// Makes a step that can be undone. False if nothing changed.
+    bool perform(const StepName& name, Changes changes);
+    /// Changes roles.
+    void performUnnamed(Changes changes);
+    /// The one place where profiles change. Listeners are told by publishWaiting(). Returns the inverse.
+    ProfileStep carryOut(ProfileStep step);
+    /// The step with what has to go along: a profile that goes hands over its roles, a command that goes
+    /// leaves its controls.
+    ProfileStep completed(ProfileStep step);
+    void handOverRoles(const QSet<QString>& removedIds, Changes& changes);
+    /// Copies all documents, once in a step. A failure is told and stops nothing.
+    void backUp(ProfileBackups::Reason reason, const QString& note);
+    void backUpBeforeAnUpgrade();
+    ImportFile readImport(const QString& path) const;
+    /// Tells listeners of an undone or redone step.
+    void publishTurn();
+    /// Id of the profile that views showed last; it may be gone.
+    QString shownProfileId() const;
     void publishWaiting();
     static void publish(const ProfileEvent& event);
     void storeRoles();
@@ -203,9 +273,11 @@ private:
     /// Gives an id of its own to each command that lacks one.
     static void tidyMacros(Profile& profile);
     /// A name that neither another local profile nor the given ones have: the name, or that with a number.
-    QString freeName(const QString& name, QSet<QString> taken = {}) const;
+    QString freeName(const QString& name, QSet<QString> taken = {}, const QString& exceptId = {}) const;
+    /// The local profile of that name; null for none.
+    const Profile* withName(const QString& name) const;
     /// Gives the profile a new id and adds it; empty if that did not work.
-    bool addCopy(Profile copy, const QString& text);
+    bool addCopy(Profile copy, const StepName& name);
     /// Who is current for these roles: the profile of the foreground application unless there is a persistent
     /// one, else the default one.
     QString chooseCurrent(const QString& persistent, const QString& byDefault) const;
@@ -231,8 +303,18 @@ private:
     Surroundings m_surroundings;
     ProfileBook m_book;
     ProfileStore m_store;
+    ProfileHistory m_history;
+    ProfileBackups m_backups;
+    QTimer m_dailyTimer;
+    /// The step before which a backup was made last.
+    int m_backedUpStep = -1;
+    /// The failure that was told last.
+    QString m_backupFailure;
+    ImportReview m_importReview;
     QQueue<ProfileEvent> m_waiting;
     bool m_isPublishing = false;
+    /// True if the last step changed nothing but profiles whose backup is paused.
+    bool m_isSettingUp = false;
     /// Profiles whose backup is paused.
     QSet<QString> m_pausedBackups;
     /// The application in the foreground apart from this one.

@@ -68,7 +68,9 @@ void cProfileMgrService::setAssignment(const QString& profileID, const QString& 
         return;
     Changes changes {SetCategory {found->uid(), devicemodal, true}};
     assign(*found, control, (*macro)["uid"].toString(), changes);
-    perform(tr("Assign %1 to %2").arg((*macro)["display_name"].toString(), contextID), changes);
+    perform(
+        {tr("Assign %1 to %2").arg((*macro)["display_name"].toString(), contextID), tr("Assign %1 Commands")},
+        changes);
 }
 
 void cProfileMgrService::setGenericAssignment(const QString& profileID, const QString& devicemodal,
@@ -96,7 +98,7 @@ void cProfileMgrService::setGenericAssignment(const QString& profileID, const QS
         changes.emplace_back(InsertMacro {found->uid(), macro, -1});
     }
     assign(*found, control, macro["uid"].toString(), changes);
-    perform(tr("Assign %1 to %2").arg(name, contextID), changes);
+    perform({tr("Assign %1 to %2").arg(name, contextID), tr("Assign %1 Commands")}, changes);
 }
 
 void cProfileMgrService::removeAssignment(
@@ -107,7 +109,7 @@ void cProfileMgrService::removeAssignment(
         return;
     Changes changes;
     assign(*found, {devicemodal, mode, contextID}, QString(), changes);
-    perform(tr("Unassign %1").arg(contextID), changes);
+    perform({tr("Unassign %1").arg(contextID), tr("Unassign %1 Keys")}, changes);
 }
 
 bool cProfileMgrService::isMacroAssigned(const QString& profileID, const QString& devCategory,
@@ -164,7 +166,7 @@ void cProfileMgrService::setDefaultAssignment(
     const Profile* found = profile(profileID);
     const ControlKey control {devicemodal, mode, contextID};
     if (found && differsFromRemembered(*found, control)) {
-        perform(tr("Use Default of %1").arg(contextID),
+        perform({tr("Use Default of %1").arg(contextID), tr("Use Default of %1 Keys")},
             {SetAssignment {found->uid(), control, *remembered(*found, control)}});
     }
 }
@@ -178,7 +180,7 @@ void cProfileMgrService::cleanupBackup(const QString& profileID, const QString& 
     forCategory(found->backup, devicemodal, [&](const ControlKey& control, const QString&) {
         changes.emplace_back(SetBackup {found->uid(), control, std::nullopt});
     });
-    perform(tr("Forget Defaults of %1").arg(found->name()), changes);
+    perform({tr("Forget Defaults of %1").arg(found->name()), QString()}, changes);
 }
 
 bool cProfileMgrService::enableProfileBackup(const QString& profileID, bool enable)

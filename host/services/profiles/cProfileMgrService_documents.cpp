@@ -3,12 +3,12 @@
 #include <IMainUI.h>
 #include <ProfileDocument.h>
 #include <ProfileIds.h>
+#include <WholeFile.h>
 
 #include <QDir>
 #include <QDomElement>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using namespace ProfileChanges;
 
@@ -23,48 +23,7 @@ bool cProfileMgrService::addProfile(
     game.properties["name"] = displayName;
     game.properties["target"] = signature;
     // The database's own id, if it has one, may be there already from an earlier scan.
-    return addCopy(std::move(game), tr("Add Profile %1").arg(displayName));
-}
-
-void cProfileMgrService::importProfile(const QString& profilePath)
-{
-    const QString file = QDir::toNativeSeparators(profilePath);
-    QFile document(profilePath);
-    QString reason;
-    ProfileDocument::ReadResult result;
-    if (!QFileInfo(profilePath).isFile() || !document.open(QIODevice::ReadOnly)) {
-        reason = tr("it can't be opened");
-    } else if (document.size() > ProfileDocument::MaxSize) {
-        reason = tr("it is larger than %1 MB").arg(ProfileDocument::MaxSize / 1024 / 1024);
-    } else {
-        result = ProfileDocument::read(document.readAll(), macroTypes());
-        reason = result.error;
-        if (reason.isEmpty() && result.profiles.empty())
-            reason = tr("it holds no profiles");
-    }
-    if (!reason.isEmpty()) {
-        Q_EMIT problem(tr("%1 was not imported: %2.").arg(file, reason));
-        return;
-    }
-    Changes changes;
-    QSet<QString> ids;
-    QSet<QString> names;
-    for (Profile& imported : result.profiles) {
-        // What is there stays: a profile of the same id comes in beside it.
-        const QString id = imported.uid().toUpper();
-        if (id.isEmpty() || profile(id) || ids.contains(id))
-            imported.properties["uid"] = ProfileIds::newUid();
-        ids.insert(imported.uid().toUpper());
-        const QString name = imported.name();
-        imported.properties["name"] =
-            freeName(name.isEmpty() ? QFileInfo(profilePath).completeBaseName() : name, names);
-        names.insert(imported.name());
-        // It comes to this computer, wherever it was before.
-        imported.properties.deleteKey(QStringLiteral("deviceid"));
-        tidyMacros(imported);
-        changes.emplace_back(InsertProfile {std::move(imported), -1});
-    }
-    perform(tr("Import %1").arg(QFileInfo(profilePath).fileName()), changes);
+    return addCopy(std::move(game), {tr("Add Profile %1").arg(displayName), tr("Add %1 Profiles")});
 }
 
 void cProfileMgrService::exportProfile(const QString& profileID, const QString& profilePath)
@@ -72,11 +31,16 @@ void cProfileMgrService::exportProfile(const QString& profileID, const QString& 
     const Profile* exported = profile(profileID);
     if (!exported)
         return;
-    const QByteArray document = ProfileDocument::write({*exported}, macroTypes());
-    QSaveFile file(profilePath);
-    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.commit()) {
+    QString reason;
+    if (m_store.holds(profilePath)) {
+        // It could be the document of another profile.
+        reason = tr("the application keeps its own profiles there");
+    } else {
+        WholeFile::write(profilePath, ProfileDocument::write({*exported}, macroTypes()), &reason);
+    }
+    if (!reason.isEmpty()) {
         Q_EMIT problem(tr("%1 was not exported to %2: %3.")
-                           .arg(exported->name(), QDir::toNativeSeparators(profilePath), file.errorString()));
+                           .arg(exported->name(), QDir::toNativeSeparators(profilePath), reason));
     }
 }
 
@@ -92,6 +56,14 @@ void cProfileMgrService::printProfile(const QString& profileID, const QString&, 
 bool cProfileMgrService::saveAllProfiles()
 {
     return m_store.writeNow();
+}
+
+QStringList cProfileMgrService::unsavedNames() const
+{
+    QStringList names;
+    for (const Profile* unsaved : m_store.unwritten())
+        names.append(unsaved->name());
+    return names;
 }
 
 bool cProfileMgrService::saveProfile(const QString& profileID)

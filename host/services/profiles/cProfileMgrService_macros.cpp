@@ -58,7 +58,8 @@ bool cProfileMgrService::addMacro(const QString& profileID, const cJsonValue& ma
     // An id that no document can hold would not be the same after a restart.
     if (!XmlFragment::isRepresentable(uidOf(macro)))
         return false;
-    return perform(tr("Add Command %1").arg(displayNameOf(macro)), {InsertMacro {profileID, macro, -1}});
+    return perform({tr("Add Command %1").arg(displayNameOf(macro)), tr("Add %1 Commands")},
+        {InsertMacro {profileID, macro, -1}});
 }
 
 bool cProfileMgrService::copyMacros(
@@ -72,7 +73,7 @@ bool cProfileMgrService::copyMacros(
         if (const cJsonValue* macro = m_book.findMacro(fromProfileID, macroID))
             copyMacro(*target, *macro, changes);
     }
-    return perform(tr("Copy Commands to %1").arg(target->name()), changes);
+    return perform({tr("Copy Commands to %1").arg(target->name()), QString()}, changes);
 }
 
 void cProfileMgrService::copyMacro(const Profile& target, const cJsonValue& macro, Changes& changes) const
@@ -98,11 +99,11 @@ bool cProfileMgrService::deleteMacro(const QString& profileID, const cJsonValue&
     const cJsonValue* doomed = m_book.findMacro(profileID, uidOf(macro));
     if (!doomed)
         return false;
-    const QString text = tr("Delete Command %1").arg(displayNameOf(*doomed));
+    const StepName name {tr("Delete Command %1").arg(displayNameOf(*doomed)), tr("Delete %1 Commands")};
     Changes changes {RemoveMacro {profileID, uidOf(macro)}};
     for (const ControlKey& control : m_book.controlsOf(profileID, uidOf(macro)))
         assign(*profile(profileID), control, QString(), changes);
-    return perform(text, changes);
+    return perform(name, changes);
 }
 
 bool cProfileMgrService::editMacro(const QString& profileID, const cJsonValue& macro)
@@ -110,7 +111,8 @@ bool cProfileMgrService::editMacro(const QString& profileID, const cJsonValue& m
     const cJsonValue* before = m_book.findMacro(profileID, uidOf(macro));
     if (!before)
         return false;
-    return perform(tr("Change Command %1").arg(displayNameOf(*before)), {ReplaceMacro {profileID, macro}});
+    return perform({tr("Change Command %1").arg(displayNameOf(*before)), tr("Change %1 Commands")},
+        {ReplaceMacro {profileID, macro}});
 }
 
 cJsonValue cProfileMgrService::macros(const QString& profileID)
@@ -159,7 +161,7 @@ void cProfileMgrService::moveAssignments(
         if (ProfileIds::isSame(macroId, fromMacroID))
             changes.emplace_back(SetBackup {changed.uid(), control, uid});
     }
-    perform(tr("Move Assignments to %1").arg(displayNameOf(*target)), changes);
+    perform({tr("Move Assignments to %1").arg(displayNameOf(*target)), QString()}, changes);
 }
 
 bool cProfileMgrService::canMacroBeChangedTo(
@@ -194,5 +196,6 @@ bool cProfileMgrService::addFixedMacro(
     macro["display_name"] = name;
     macro["namespace"] = macroNamespace;
     macro["hidden"] = false;
-    return perform(tr("Add Command %1").arg(name), {InsertMacro {profileID, macro, -1}});
+    return perform(
+        {tr("Add Command %1").arg(name), tr("Add %1 Commands")}, {InsertMacro {profileID, macro, -1}});
 }

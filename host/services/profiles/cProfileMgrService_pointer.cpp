@@ -19,7 +19,7 @@ void cProfileMgrService::setPointerDpi(
 {
     cPointerProperties pointer = pointerProperties(profileID, deviceModel);
     pointer.dpi = dpi;
-    perform(tr("Change Pointer Resolution"), {SetPointer {profileID, deviceModel, pointer}});
+    perform({tr("Change Pointer Resolution"), QString()}, {SetPointer {profileID, deviceModel, pointer}});
 }
 
 void cProfileMgrService::setPointerMovement(
@@ -28,7 +28,7 @@ void cProfileMgrService::setPointerMovement(
     cPointerProperties pointer = pointerProperties(profileID, deviceModel);
     pointer.speed = qBound(1, speed, 20);
     pointer.acceleration = enableAcceleration;
-    perform(tr("Change Pointer Speed"), {SetPointer {profileID, deviceModel, pointer}});
+    perform({tr("Change Pointer Speed"), QString()}, {SetPointer {profileID, deviceModel, pointer}});
 }
 
 void cProfileMgrService::setPointerReportRate(
@@ -36,7 +36,7 @@ void cProfileMgrService::setPointerReportRate(
 {
     cPointerProperties pointer = pointerProperties(profileID, deviceModel);
     pointer.reportRate = qMax(0, reportRate);
-    perform(tr("Change Report Rate"), {SetPointer {profileID, deviceModel, pointer}});
+    perform({tr("Change Report Rate"), QString()}, {SetPointer {profileID, deviceModel, pointer}});
 }
 
 cPointerProperties cProfileMgrService::pointerProperties(const QString& profileID, const QString& deviceModel)

@@ -95,10 +95,19 @@ Profile cProfileMgrService::profileOf(const cJsonValue& record)
     return profile;
 }
 
-QString cProfileMgrService::freeName(const QString& name, QSet<QString> taken) const
+const Profile* cProfileMgrService::withName(const QString& name) const
 {
     for (const QString& id : m_book.ids()) {
-        if (isLocal(*profile(id)))
+        if (isLocal(*profile(id)) && profile(id)->name() == name)
+            return profile(id);
+    }
+    return nullptr;
+}
+
+QString cProfileMgrService::freeName(const QString& name, QSet<QString> taken, const QString& exceptId) const
+{
+    for (const QString& id : m_book.ids()) {
+        if (isLocal(*profile(id)) && !isSame(id, exceptId))
             taken.insert(profile(id)->name());
     }
     QString candidate = name;
@@ -107,12 +116,12 @@ QString cProfileMgrService::freeName(const QString& name, QSet<QString> taken) c
     return candidate;
 }
 
-bool cProfileMgrService::addCopy(Profile copy, const QString& text)
+bool cProfileMgrService::addCopy(Profile copy, const StepName& name)
 {
     copy.properties["uid"] = newUid();
     copy.properties["name"] = freeName(copy.name());
     copy.properties.deleteKey(QStringLiteral("deviceid"));
-    return perform(text, {InsertProfile {std::move(copy), -1}});
+    return perform(name, {InsertProfile {std::move(copy), -1}});
 }
 
 bool cProfileMgrService::addProfile(const cJsonValue& profile)
@@ -123,8 +132,8 @@ bool cProfileMgrService::addProfile(const cJsonValue& profile)
     Profile added = profileOf(profile);
     if (added.uid().isEmpty())
         added.properties["uid"] = newUid();
-    const QString text = tr("Add Profile %1").arg(added.name());
-    return perform(text, {InsertProfile {std::move(added), -1}});
+    const StepName name {tr("Add Profile %1").arg(added.name()), tr("Add %1 Profiles")};
+    return perform(name, {InsertProfile {std::move(added), -1}});
 }
 
 bool cProfileMgrService::deleteProfileByID(const QString& profileID)
@@ -132,31 +141,14 @@ bool cProfileMgrService::deleteProfileByID(const QString& profileID)
     const Profile* doomed = profile(profileID);
     if (!doomed || isFixed(profileID))
         return false;
-    Changes changes;
-    const auto handOver = [&](Role role, const QString& next) {
-        QString holder = m_book.withRole(role);
-        if (!isSame(holder, profileID))
-            return holder;
-        changes.emplace_back(SetRole {role, next});
-        return next;
-    };
-    const QString byDefault = handOver(Role::Default, FixedIds::DefaultProfile);
-    const QString persistent = handOver(Role::Persistent, QString());
-    handOver(Role::Current, persistent.isEmpty() ? byDefault : persistent);
-    m_pausedBackups.remove(doomed->uid().toUpper());
-    if (isSame(getActiveProfileID(), profileID)) {
-        m_isChosenByHand = false;
-        m_lockingProcess = 0;
-    }
-    const QString text = tr("Delete Profile %1").arg(doomed->name());
-    changes.emplace_back(RemoveProfile {doomed->uid()});
-    return perform(text, changes);
+    const StepName name {tr("Delete Profile %1").arg(doomed->name()), tr("Delete %1 Profiles")};
+    return perform(name, {RemoveProfile {doomed->uid()}});
 }
 
 void cProfileMgrService::copyProfile(const QString& profileID)
 {
     if (const Profile* original = profile(profileID))
-        addCopy(*original, tr("Copy Profile %1").arg(original->name()));
+        addCopy(*original, {tr("Copy Profile %1").arg(original->name()), tr("Copy %1 Profiles")});
 }
 
 void cProfileMgrService::copyProfileToDevice(
@@ -168,7 +160,8 @@ void cProfileMgrService::copyProfileToDevice(
     Profile copy = *original;
     copy.properties["uid"] = newUid();
     copy.properties["deviceid"] = deviceId;
-    perform(tr("Copy Profile %1 to Device").arg(original->name()), {InsertProfile {std::move(copy), -1}});
+    perform({tr("Copy Profile %1 to Device").arg(original->name()), QString()},
+        {InsertProfile {std::move(copy), -1}});
 }
 
 cJsonValue cProfileMgrService::getProfileByID(const QString& profileID)
@@ -213,7 +206,8 @@ bool cProfileMgrService::editProfileProperty(const cJsonValue& profileproperty)
         if (key != QLatin1String("macros") && key != QLatin1String("assignments"))
             properties[key] = profileproperty[key.toUtf8().constData()];
     }
-    return perform(tr("Change Profile %1").arg(edited->name()), {SetProperties {edited->uid(), properties}});
+    return perform({tr("Change Profile %1").arg(edited->name()), QString()},
+        {SetProperties {edited->uid(), properties}});
 }
 
 void cProfileMgrService::activateNextProfile()
@@ -223,7 +217,7 @@ void cProfileMgrService::activateNextProfile()
         return;
     const int next = (ids.indexOf(getActiveProfileID()) + 1) % ids.size();
     m_isChosenByHand = true;
-    perform(QString(), {SetRole {Role::Current, ids[next]}});
+    performUnnamed({SetRole {Role::Current, ids[next]}});
 }
 
 QString cProfileMgrService::getActiveProfileID()
@@ -236,9 +230,8 @@ void cProfileMgrService::setPersistentProfileByID(const QString& profileID)
     if (!profileID.isEmpty() && !profile(profileID))
         return;
     m_isChosenByHand = false;
-    perform(QString(),
-        {SetRole {Role::Persistent, profileID},
-            SetRole {Role::Current, chooseCurrent(profileID, getDefaultProfileID())}});
+    performUnnamed({SetRole {Role::Persistent, profileID},
+        SetRole {Role::Current, chooseCurrent(profileID, getDefaultProfileID())}});
 }
 
 cJsonValue cProfileMgrService::getPersistentProfile()
@@ -258,7 +251,7 @@ void cProfileMgrService::setDefaultProfileByID(const QString& profileID)
     Changes changes {SetRole {Role::Default, profileID}};
     if (!m_isChosenByHand)
         changes.emplace_back(SetRole {Role::Current, chooseCurrent(getPersistentProfileID(), profileID)});
-    perform(QString(), changes);
+    performUnnamed(changes);
 }
 
 cJsonValue cProfileMgrService::getDefaultProfile()
@@ -296,8 +289,8 @@ bool cProfileMgrService::setProfileScript(const QString& profileID, const QStrin
         return false;
     cJsonValue properties = edited->properties;
     properties["script"] = script;
-    return perform(
-        tr("Change Script of %1").arg(edited->name()), {SetProperties {edited->uid(), properties}});
+    return perform({tr("Change Script of %1").arg(edited->name()), QString()},
+        {SetProperties {edited->uid(), properties}});
 }
 
 QString cProfileMgrService::getProfileScript(const QString& profileID)
@@ -323,7 +316,7 @@ void cProfileMgrService::testProfile(const QString& profileID)
     if (!profile(profileID))
         return;
     m_isChosenByHand = true;
-    perform(QString(), {SetRole {Role::Current, profileID}});
+    performUnnamed({SetRole {Role::Current, profileID}});
 }
 
 void cProfileMgrService::onForegroundAppChange(const QString& appPath, quint32 processId)
@@ -337,8 +330,7 @@ void cProfileMgrService::onForegroundAppChange(const QString& appPath, quint32 p
     if (m_isChosenByHand)
         return;
     m_lockingProcess = game && game->properties["lock"].toBool() ? processId : 0;
-    perform(
-        QString(), {SetRole {Role::Current, chooseCurrent(getPersistentProfileID(), getDefaultProfileID())}});
+    performUnnamed({SetRole {Role::Current, chooseCurrent(getPersistentProfileID(), getDefaultProfileID())}});
 }
 
 QString cProfileMgrService::chooseCurrent(const QString& persistent, const QString& byDefault) const
@@ -358,7 +350,7 @@ void cProfileMgrService::setProfileIcon(const QString& profileID, const QPixmap&
     QBuffer buffer(&png);
     if (!scaledIcon.isNull())
         scaledIcon.save(&buffer, "PNG");
-    perform(tr("Change Icon of %1").arg(edited->name()), {SetIcon {edited->uid(), png}});
+    perform({tr("Change Icon of %1").arg(edited->name()), QString()}, {SetIcon {edited->uid(), png}});
 }
 
 QPixmap cProfileMgrService::profileIcon(const QString& profileID)

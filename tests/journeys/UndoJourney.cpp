@@ -1,0 +1,149 @@
+#include "Journey.h"
+
+#include <AppConstants.h>
+#include <ProfileDocument.h>
+#include <ProfileStore.h>
+#include <TestCase.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <tuple>
+#include <utility>
+
+namespace {
+
+const QString Id = QStringLiteral("{AAAAAAAA-0000-0000-0000-000000000001}");
+
+/// Points of the window with the view.
+constexpr QPoint SecondTile(518 + 68 + 34, AppConstants::HeaderHeight + 26 + 40);
+constexpr QPoint NeutralPoint(AppConstants::SceneSize.width() / 2, AppConstants::HeaderHeight / 2);
+
+} // namespace
+
+/// A profile comes in from a file, goes and comes back: by undo, by redo and from a backup. All by keyboard.
+class UndoJourney : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void importIsUndoneRedoneAndBroughtBack();
+    void deletedProfileComesBackInTheView();
+
+private:
+    static QString writeProfile(const Journey& journey);
+    static QString stored(const Journey& journey)
+    {
+        return journey.dataFile("profiles/" + ProfileStore::fileName(Id));
+    }
+};
+
+QString UndoJourney::writeProfile(const Journey& journey)
+{
+    Profile profile;
+    profile.properties["uid"] = Id;
+    profile.properties["name"] = "Dungeon";
+    QString path = journey.dataFile("dungeon.lgp");
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(ProfileDocument::write({profile}, {})) <= 0)
+        return QString();
+    return path;
+}
+
+void UndoJourney::importIsUndoneRedoneAndBroughtBack()
+{
+    Journey journey;
+    QVERIFY(journey.isRunning());
+    const QString file = writeProfile(journey);
+    const auto backups = [&] {
+        return QDir(journey.dataFile("backups")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    };
+
+    journey.key("ctrl+i");
+    QVERIFY(journey.waitForWindow("Import Profiles"));
+    journey.type(file);
+    QVERIFY(Journey::saveScreen("undo-file.png"));
+    journey.key("Return");
+    QVERIFY(journey.waitForWindow("Profiles to Import"));
+    QVERIFY(Journey::saveScreen("undo-import.png"));
+    journey.key("Return");
+    QTRY_VERIFY(QFile::exists(stored(journey)));
+    QTRY_VERIFY(backups() == 2);
+
+    const QImage before = Journey::screen();
+    journey.key("alt+e");
+    QTRY_VERIFY(Journey::screen() != before);
+    QVERIFY(Journey::saveScreen("undo-menu.png"));
+    journey.key("Escape");
+    journey.key("ctrl+z");
+    QTRY_VERIFY(!QFile::exists(stored(journey)));
+    journey.key("ctrl+shift+z");
+    QTRY_VERIFY(QFile::exists(stored(journey)));
+    journey.key("ctrl+z");
+    QTRY_VERIFY(!QFile::exists(stored(journey)));
+
+    journey.key("ctrl+b");
+    QVERIFY(journey.waitForWindow("Backups"));
+    QVERIFY(Journey::saveScreen("undo-backups.png"));
+    journey.key("alt+a");
+    QTRY_VERIFY(QFile::exists(stored(journey)));
+    QVERIFY(Journey::saveScreen("undo-brought-back.png"));
+    journey.key("Escape");
+    journey.key("ctrl+z");
+    QTRY_VERIFY(!QFile::exists(stored(journey)));
+
+    journey.key("ctrl+q");
+    QVERIFY(journey.waitForEnd());
+    QVERIFY(!journey.hasCrashed());
+    QCOMPARE(journey.exitCode(), 0);
+    QCOMPARE(journey.errors(), QString());
+}
+
+void UndoJourney::deletedProfileComesBackInTheView()
+{
+    // As after a first start, which offers a scan for games.
+    Journey journey({"--device", "Veltrano.Gaming.LeftHandedController.K13", "--open-view"},
+        {{"settings.json", R"({"version":1,"settings":{"profiler":{"autoScannedForGames":true}}})"}});
+    QVERIFY(journey.isRunning());
+    const auto resting = [&] {
+        QImage last = journey.picture();
+        std::ignore = QTest::qWaitFor([&] {
+            QTest::qWait(2 * AppConstants::TransformTime);
+            return std::exchange(last, journey.picture()) == last;
+        });
+        return last;
+    };
+    const QImage onlyDefault = resting();
+    journey.key("ctrl+i");
+    QVERIFY(journey.waitForWindow("Import Profiles"));
+    journey.type(writeProfile(journey));
+    journey.key("Return");
+    QVERIFY(journey.waitForWindow("Profiles to Import"));
+    QVERIFY(Journey::saveScreen("undo-view-import.png"));
+    journey.key("Return");
+    QTRY_VERIFY(QFile::exists(stored(journey)));
+
+    // The second tile takes the focus of the keyboard.
+    journey.click(SecondTile);
+    journey.click(NeutralPoint);
+    const QImage both = resting();
+    QVERIFY(both != onlyDefault);
+    QVERIFY(journey.savePicture("undo-view-both.png"));
+    journey.key("Delete");
+    QVERIFY(journey.waitForWindow("Delete Profile"));
+    journey.key("y");
+    QTRY_VERIFY(!QFile::exists(stored(journey)));
+    QTRY_VERIFY(journey.picture() != both);
+    QVERIFY(journey.savePicture("undo-view-deleted.png"));
+    journey.key("ctrl+z");
+    QTRY_VERIFY(QFile::exists(stored(journey)));
+    QTRY_VERIFY(journey.picture() == both);
+
+    journey.key("ctrl+q");
+    QVERIFY(journey.waitForEnd());
+    QVERIFY(!journey.hasCrashed());
+    QCOMPARE(journey.exitCode(), 0);
+}
+
+VELTRANO_TEST_MAIN(UndoJourney)
+#include "UndoJourney.moc"

@@ -1,0 +1,333 @@
+#include "Strip.h"
+
+#include <cProfileItem.h>
+#include <cProfileTrashcanWidget.h>
+#include <DragFormats.h>
+#include <MenuDriver.h>
+#include <RealPointer.h>
+#include <TestCase.h>
+#include <TestPictures.h>
+
+#include <QAction>
+#include <QDrag>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QSignalSpy>
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr int Patience = 20000;
+
+/// Takes every drag, and tells what was in it.
+class Target : public QWidget
+{
+public:
+    explicit Target(QWidget* parent)
+        : QWidget(parent)
+    {
+        setAcceptDrops(true);
+    }
+
+    QStringList formats;
+    QByteArray payload;
+    Qt::DropActions possible;
+    bool dropped = false;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override { event->acceptProposedAction(); }
+    void dropEvent(QDropEvent* event) override
+    {
+        formats = event->mimeData()->formats();
+        payload = event->mimeData()->data(DragFormats::Profiles);
+        possible = event->possibleActions();
+        dropped = true;
+        event->acceptProposedAction();
+    }
+};
+
+/// Starts a drag of its own when the pointer is moved over it with the button down.
+class Source : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+    std::function<std::unique_ptr<QMimeData>()> makeData;
+    int result = -1;
+    /// The widget to which the drag goes.
+    QWidget* target = nullptr;
+
+protected:
+    void mousePressEvent(QMouseEvent*) override { }
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        if (!(event->buttons() & Qt::LeftButton) || std::exchange(m_started, true))
+            return;
+        auto* drag = new QDrag(this);
+        drag->setMimeData(makeData().release());
+        RealPointer::act(RealPointer::moveTo(*target, QPoint(-6, 0)) + ' ' + RealPointer::moveTo(*target));
+        result = drag->exec(Qt::CopyAction);
+    }
+
+private:
+    bool m_started = false;
+};
+
+/// Releases the button once the pointer drags over a widget.
+class Release : public QObject
+{
+public:
+    Release(QObject* target, QEvent::Type told)
+        : m_told(told)
+    {
+        target->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == m_told && !std::exchange(m_released, true))
+            RealPointer::act("mouseup 1");
+        return false;
+    }
+
+private:
+    const QEvent::Type m_told;
+    bool m_released = false;
+};
+
+/// Presses on a tile and drags it over a widget. The drag runs an event loop of its own, so the way is told
+/// when it starts.
+class TileDrag : public QObject
+{
+    Q_OBJECT
+
+public:
+    TileDrag(cProfileList& list, const QWidget& tile, QWidget& target)
+        : m_target(target)
+    {
+        connect(&list, SIGNAL(startDrag()), SLOT(onStart()));
+        RealPointer::act(RealPointer::moveTo(tile) + " mousedown 1 sleep 0.1 "
+            + RealPointer::moveTo(tile, QPoint(8, 4)) + ' ' + RealPointer::moveTo(tile, QPoint(14, 8)));
+    }
+
+private Q_SLOTS:
+    void onStart()
+    {
+        RealPointer::act("sleep 0.1 " + RealPointer::moveTo(m_target, QPoint(-6, 0)) + " sleep 0.05 "
+            + RealPointer::moveTo(m_target));
+    }
+
+private:
+    QWidget& m_target;
+};
+
+/// A window with the list above and a place for another widget below.
+class Window : public QWidget
+{
+public:
+    explicit Window(cProfileList* list)
+    {
+        resize(420, 260);
+        move(60, 60);
+        list->setParent(this);
+        list->move(0, 0);
+        list->show();
+    }
+    /// The list is not the window's.
+    ~Window() override
+    {
+        if (auto* list = findChild<cProfileList*>())
+            list->setParent(nullptr);
+    }
+    bool isUp()
+    {
+        show();
+        return QTest::qWaitForWindowActive(this);
+    }
+};
+
+} // namespace
+
+/// Drags with the real pointer.
+class ProfileDragTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void selectedTilesAreDragged();
+    void tileDraggedIntoTheTrashGoes();
+    void listThatGoesEndsItsDrag();
+    void commandsAreDroppedOnATile();
+    void profilesOfAnotherListAreCopied_data();
+    void profilesOfAnotherListAreCopied();
+    void ownProfilesAreRefused();
+    void contextIconOpensTheMenuOfItsTile();
+};
+
+void ProfileDragTest::selectedTilesAreDragged()
+{
+    Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
+    strip.list.setTileDragEnabled(true);
+    Window window(&strip.list);
+    auto* const target = new Target(&window);
+    target->setGeometry(100, 140, 100, 100);
+    QVERIFY(window.isUp());
+    strip.select({"Alpha", "Beta"});
+    QSignalSpy started(&strip.list, SIGNAL(startDrag()));
+    QSignalSpy ended(&strip.list, SIGNAL(endDrag()));
+    const Release release(target, QEvent::DragMove);
+    // A press on one of several selected tiles leaves them selected until the release.
+    const TileDrag drag(strip.list, *strip.tile("Beta"), *target);
+    QTRY_VERIFY_WITH_TIMEOUT(target->dropped, Patience);
+    QTRY_COMPARE(ended.size(), 1);
+    QCOMPARE(target->formats, QStringList(DragFormats::Profiles));
+    QCOMPARE(QString(target->payload).split(',').size(), 2);
+    QVERIFY(target->payload.contains("{Alpha}") && target->payload.contains("{Beta}"));
+    QCOMPARE(started.size(), 1);
+    QCOMPARE(target->possible, Qt::DropActions(Qt::CopyAction));
+    QCOMPARE(strip.list.cursor().shape(), Qt::ArrowCursor);
+}
+
+void ProfileDragTest::tileDraggedIntoTheTrashGoes()
+{
+    Strip strip({"Alpha", "Beta", "Default"}, "Beta");
+    strip.list.setTileDragEnabled(true);
+    Window window(&strip.list);
+    auto* const trashcan = new cProfileTrashcanWidget(&window);
+    trashcan->setGeometry(100, 140, 100, 100);
+    connect(
+        trashcan, SIGNAL(profilesDropped(const QStringList&)), &strip.list, SLOT(deleteSelectedProfiles()));
+    QVERIFY(window.isUp());
+    QSignalSpy ended(&strip.list, SIGNAL(endDrag()));
+    const Release release(trashcan, QEvent::DragMove);
+    const TileDrag drag(strip.list, *strip.tile("Beta"), *trashcan);
+    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+    QCOMPARE(strip.names(), QStringList({"Alpha", "Default"}));
+    QTRY_COMPARE(strip.current(), QStringList("Default"));
+}
+
+void ProfileDragTest::listThatGoesEndsItsDrag()
+{
+    ProfileHost on({"Alpha", "Default"});
+    on.settings["profiler/lastProfile"] = "{Alpha}";
+    auto list = std::make_unique<cProfileList>();
+    list->setFixedSize(404, 103);
+    list->setTileDragEnabled(true);
+    list->populate();
+    Window window(list.get());
+    auto* const target = new Target(&window);
+    target->setGeometry(100, 140, 100, 100);
+    QVERIFY(window.isUp());
+    // Taken down while the drag is over another widget.
+    class Remover : public QObject
+    {
+    public:
+        explicit Remover(std::unique_ptr<cProfileList>& list)
+            : m_list(list)
+        { }
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::DragMove && m_list) {
+                m_list.reset();
+                RealPointer::act("mouseup 1");
+            }
+            return false;
+        }
+
+    private:
+        std::unique_ptr<cProfileList>& m_list;
+    } remover(list);
+    target->installEventFilter(&remover);
+    const TileDrag drag(*list, *list->itemWidget(list->item(0)), *target);
+    QTRY_VERIFY_WITH_TIMEOUT(!list, Patience);
+    RealPointer::act("mouseup 1");
+    QTest::qWait(100);
+}
+
+void ProfileDragTest::commandsAreDroppedOnATile()
+{
+    Strip strip({"Alpha", "Beta"}, "Alpha");
+    Window window(&strip.list);
+    auto* const source = new Source(&window);
+    source->setGeometry(100, 140, 100, 100);
+    QVERIFY(window.isUp());
+    source->makeData = [] {
+        return DragFormats::makeMacros({"{1}", "{2}"});
+    };
+    source->target = strip.tile("Beta");
+    QSignalSpy dropped(&strip.list, SIGNAL(macrosDropped(const QStringList&, const QString&)));
+    const Release release(source->target, QEvent::DragMove);
+    RealPointer::act(
+        RealPointer::moveTo(*source) + " mousedown 1 " + RealPointer::moveTo(*source, QPoint(12, 0)));
+    QTRY_VERIFY_WITH_TIMEOUT(source->result >= 0, Patience);
+    QCOMPARE(source->result, int(Qt::CopyAction));
+    QCOMPARE(dropped, QList<QVariantList>({{QStringList({"{1}", "{2}"}), "{Beta}"}}));
+}
+
+void ProfileDragTest::profilesOfAnotherListAreCopied_data()
+{
+    QTest::addColumn<bool>("ontoATile");
+    QTest::newRow("onto a tile") << true;
+    QTest::newRow("onto the list") << false;
+}
+
+void ProfileDragTest::profilesOfAnotherListAreCopied()
+{
+    QFETCH(bool, ontoATile);
+    Strip strip({"Alpha", "Beta"}, "Alpha");
+    strip.list.setAcceptDrops(true);
+    strip.list.setDragDropMode(QAbstractItemView::InternalMove);
+    Window window(&strip.list);
+    auto* const source = new Source(&window);
+    source->setGeometry(100, 140, 100, 100);
+    QVERIFY(window.isUp());
+    source->makeData = [] {
+        return DragFormats::makeProfiles({"{x}", "", "{y}"});
+    };
+    source->target = ontoATile ? static_cast<QWidget*>(strip.tile("Beta")) : strip.list.viewport();
+    const Release release(source->target, QEvent::DragMove);
+    RealPointer::act(
+        RealPointer::moveTo(*source) + " mousedown 1 " + RealPointer::moveTo(*source, QPoint(12, 0)));
+    QTRY_VERIFY_WITH_TIMEOUT(source->result >= 0, Patience);
+    QCOMPARE(strip.host.takeRequests(),
+        QStringList({R"(copyProfile("{x}"))", R"(copyProfile(""))", R"(copyProfile("{y}"))"}));
+}
+
+void ProfileDragTest::ownProfilesAreRefused()
+{
+    Strip strip({"Alpha", "Beta"}, "Alpha");
+    strip.list.setTileDragEnabled(true);
+    Window window(&strip.list);
+    QVERIFY(window.isUp());
+    QSignalSpy ended(&strip.list, SIGNAL(endDrag()));
+    QWidget& target = *strip.tile("Beta");
+    const Release release(&target, QEvent::DragEnter);
+    const TileDrag drag(strip.list, *strip.tile("Alpha"), target);
+    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, Patience);
+    QCOMPARE(strip.host.takeRequests(), QStringList());
+}
+
+void ProfileDragTest::contextIconOpensTheMenuOfItsTile()
+{
+    Strip strip({"Alpha", "Beta"}, "Alpha");
+    strip.list.setTileDragEnabled(true);
+    Window window(&strip.list);
+    QVERIFY(window.isUp());
+    const QWidget& tile = *strip.tile("Beta");
+    QString title;
+    const MenuDriver driver([&](QMenu& menu) { title = menu.actions().first()->text(); });
+    // Where the icon stands under the pointer: at the lower right corner of the well.
+    RealPointer::act(
+        RealPointer::moveTo(tile) + " sleep 0.1 " + RealPointer::moveTo(tile, QPoint(19, 14)) + " click 1");
+    QTRY_VERIFY_WITH_TIMEOUT(driver.hasRun(), Patience);
+    QCOMPARE(title, QString("Beta"));
+    QCOMPARE(strip.current(), QStringList("Beta"));
+}
+
+VELTRANO_TEST_MAIN(ProfileDragTest)
+#include "ProfileDragTest.moc"
