@@ -60,13 +60,9 @@ void Journey::start(const QString& program, const QStringList& arguments, const 
     m_process.start(program, arguments);
     if (!m_process.waitForStarted())
         return;
-    const QString processId = QString::number(m_process.processId());
     std::ignore = QTest::qWaitFor(
         [&] {
-            m_window =
-                xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-                            QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
-                    .section(QLatin1Char('\n'), 0, 0);
+            m_window = windows(title).section(QLatin1Char('\n'), 0, 0);
             return !m_window.isEmpty() || m_process.state() != QProcess::Running;
         },
         Patience);
@@ -99,6 +95,13 @@ bool Journey::restart()
     m_window.clear();
     start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
     return isRunning();
+}
+
+QString Journey::windows(const QString& title) const
+{
+    // Without "--all" one of the conditions is enough.
+    return xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+        QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), title});
 }
 
 QStringList Journey::moveCommand(const QPoint& point) const
@@ -154,15 +157,18 @@ void Journey::type(const QString& text)
 
 bool Journey::hasWindow(const QString& title) const
 {
-    return !xdotool(
-        {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-            QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), title})
-                .isEmpty();
+    return !windows(title).isEmpty();
 }
 
 bool Journey::waitForWindow(const QString& title)
 {
-    return QTest::qWaitFor([&] { return hasWindow(title); }, Patience);
+    return QTest::qWaitFor(
+        [&] {
+            return hasWindow(title)
+                && xdotool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")})
+                       .contains(title);
+        },
+        Patience);
 }
 
 bool Journey::waitForNoWindow(const QString& title)
