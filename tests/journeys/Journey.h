@@ -47,7 +47,7 @@ public:
     static bool saveScreen(const QString& name);
     /// Whether there is a visible window whose title holds the text.
     bool hasWindow(const QString& title) const;
-    /// Waits until there is one and it has the keyboard.
+    /// Waits until there is one that has the keyboard.
     bool waitForWindow(const QString& title);
     /// Waits until there is none.
     bool waitForNoWindow(const QString& title);
