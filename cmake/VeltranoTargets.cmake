@@ -59,3 +59,23 @@ function(veltrano_test name)
         LABELS "${arg_LABELS}"
         ENVIRONMENT "${platform};QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=0;UBSAN_OPTIONS=print_stacktrace=1;LC_ALL=C.UTF-8")
 endfunction()
+
+# veltrano_help(<target> SOURCE <folder> DESTINATION <folder> NAMESPACE <name> START <page>): the help pages of a folder
+# as a help collection, whatever pages the folder holds at the time of the build.
+function(veltrano_help target)
+    cmake_parse_arguments(arg "" "SOURCE;DESTINATION;NAMESPACE;START" "" ${ARGN})
+    # An earlier build linked the folder; through the link its own pages would be deleted.
+    if(IS_SYMLINK "${arg_DESTINATION}")
+        file(REMOVE "${arg_DESTINATION}")
+    endif()
+    file(GLOB pages CONFIGURE_DEPENDS "${arg_SOURCE}/*.htm")
+    set(script "${CMAKE_SOURCE_DIR}/cmake/MakeHelpCollection.cmake")
+    add_custom_command(OUTPUT "${arg_DESTINATION}/${arg_NAMESPACE}.qch"
+        COMMAND "${CMAKE_COMMAND}" "-DSOURCE=${arg_SOURCE}" "-DDESTINATION=${arg_DESTINATION}"
+            "-DNAMESPACE=${arg_NAMESPACE}" "-DSTART=${arg_START}" "-DGENERATOR=$<TARGET_FILE:Qt5::qhelpgenerator>"
+            -P "${script}"
+        DEPENDS ${pages} "${script}"
+        COMMENT "Compiling the help pages of ${arg_SOURCE}"
+        VERBATIM)
+    add_custom_target(${target} ALL DEPENDS "${arg_DESTINATION}/${arg_NAMESPACE}.qch")
+endfunction()

@@ -3,13 +3,14 @@
 project_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # Debian packages by purpose.
-build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libxcb1-dev nlohmann-json3-dev)
-# Fonts for the window (the second for scripts that the first lacks, such as Hebrew), icons out of Windows executables, and
-# a display where the machine has none.
-run_packages=(fonts-liberation fonts-dejavu-core icoutils xvfb xauth openbox)
-# binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources, and the
-# compiler for Windows builds what only exists there.
-test_packages=(xdotool x11-utils binutils python3 librsvg2-bin g++-mingw-w64-x86-64-posix)
+build_packages=(g++ cmake ninja-build qtbase5-dev qtscript5-dev libxcb1-dev nlohmann-json3-dev
+    libqscintilla2-qt5-dev liblua5.4-dev qttools5-dev qhelpgenerator-qt5)
+# The driver that reads help collections, fonts for the window (the second for scripts that the first lacks, such as
+# Hebrew), icons out of Windows executables, and a display where the machine has none.
+run_packages=(libqt5sql5-sqlite fonts-liberation fonts-dejavu-core icoutils xvfb xauth openbox)
+# binutils reads the symbol table of the plug-in, python3 and librsvg2-bin compare pictures with their sources,
+# poppler-utils reads printed pages, and the compiler for Windows builds what only exists there.
+test_packages=(xdotool x11-utils binutils python3 librsvg2-bin poppler-utils g++-mingw-w64-x86-64-posix)
 # Runs what was built for Windows. Large: a test that misses it is skipped.
 optional_test_packages=(wine64)
 lint_packages=(clang-format clang-tidy git python3)

@@ -12,8 +12,9 @@ ApplicationPaths ApplicationPaths::ofExecutable()
         return QDir(folder).exists() ? folder : QDir::cleanPath(bin.filePath(QLatin1String(built)));
     };
     ApplicationPaths paths;
-    paths.pluginsFolder =
-        find(VELTRANO_BIN_TO_LIB "/veltrano-gaming", "../lib/veltrano-gaming") + QStringLiteral("/plugins");
+    const QString libFolder = find(VELTRANO_BIN_TO_LIB "/veltrano-gaming", "../lib/veltrano-gaming");
+    paths.pluginsFolder = libFolder + QStringLiteral("/plugins");
+    paths.scriptRunner = libFolder + QStringLiteral("/veltrano-script-runner");
     paths.shareFolder = find(VELTRANO_BIN_TO_DATA "/veltrano-gaming", "../share/veltrano-gaming");
     return paths;
 }

@@ -11,6 +11,8 @@ public:
 
     /// Holds a folder for each plug-in.
     QString pluginsFolder;
+    /// The program that runs scripts.
+    QString scriptRunner;
     /// Holds "Resources" and "devices".
     QString shareFolder;
 
@@ -19,6 +21,8 @@ public:
     QString profilerFolder() const { return shareFolder + QStringLiteral("/Resources/profiler"); }
     /// The document of the profile that new users begin with.
     QString defaultProfileFile() const { return profilerFolder() + QStringLiteral("/DefaultProfile.xml"); }
+    /// The folder of the application's own help pages.
+    QString helpFolder() const { return shareFolder + QStringLiteral("/Help"); }
     QString styleSheetFile() const { return shareFolder + QStringLiteral("/Resources/style/veltrano.qss"); }
 
     /// Makes the search paths "MainApp" and "Profiler" known.

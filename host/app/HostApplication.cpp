@@ -16,16 +16,21 @@
 #include <cMainAppService.h>
 #include <cMainUIService.h>
 #include <cProfileMgrService.h>
+#include <cProfilePrinter.h>
 #include <cProfilerService.h>
 #include <cProfilesToGoService.h>
 #include <cSettingsService.h>
 #include <EventNames.h>
 #include <FeatureViewController.h>
+#include <HelpKey.h>
 #include <HostDevice.h>
 #include <IServiceMgr.h>
 #include <MacroTypes.h>
+#include <OnBoardWindow.h>
+#include <SettingsKeys.h>
 
 #include <QCoreApplication>
+#include <QKeySequence>
 
 #include <cstdio>
 
@@ -33,6 +38,9 @@ namespace {
 
 /// Settings key, string: model of the device that was shown last.
 const QString LastDeviceKey = QStringLiteral("host/lastDevice");
+
+/// The id of the application's first help page.
+const QString ApplicationHelpId = QStringLiteral("application");
 
 } // namespace
 
@@ -49,10 +57,13 @@ HostApplication::~HostApplication()
 {
     m_screenshots.reset();
     m_controller->closeNow();
+    IServiceMgr::instance()->unsubscribe(EventSources::ProfileMgr, m_profilesToGo.get());
     // While all services are still there: plug-ins withdraw their views and call services as they stop.
     m_plugins.reset();
     m_help->unloadHelp();
     IServiceMgr::instance()->unsubscribe(EventSources::MainApp, m_profiles.get());
+    // Their texts go to the profiles.
+    m_luaScripts->setWindow(nullptr);
     // The user was asked when the window closed; this is for an end that came another way.
     if (!m_profiles->saveAllProfiles() && !m_profiles->isReadOnly() && !m_isEndAgreed)
         qCritical("Some profiles could not be saved");
@@ -62,6 +73,7 @@ HostApplication::~HostApplication()
     m_mainUI->setWindow(nullptr);
     m_mainApp->setWindow(nullptr);
     m_featureViews->setWindow(nullptr);
+    m_onBoardWindow.reset();
     m_profileActions.reset();
     m_window.reset();
 }
@@ -90,13 +102,16 @@ void HostApplication::createProfileServices()
 {
     m_macroTypes = std::make_unique<cMacroTypeMgrService>();
     m_profiler = std::make_unique<cProfilerService>();
-    m_profilesToGo = std::make_unique<cProfilesToGoService>(*m_devices, *m_mainUI);
-    m_displays = std::make_unique<cLCDMonService>();
-    m_luaScripts = std::make_unique<cLuaScriptService>(*m_mainUI);
+    m_displays = std::make_unique<cLCDMonService>(*m_devices, *m_mainUI);
     m_profiles = std::make_unique<cProfileMgrService>(m_commandLine.dataFolder + QStringLiteral("/profiles"),
         m_paths.defaultProfileFile(),
         cProfileMgrService::Surroundings {
             m_settings.get(), m_macroTypes.get(), m_devices.get(), m_mainUI.get()});
+    m_printer = std::make_unique<cProfilePrinter>(*m_devices, *m_mainUI);
+    m_profiles->setPrinter(m_printer.get());
+    m_luaScripts = std::make_unique<cLuaScriptService>(m_paths.scriptRunner, *m_profiles);
+    m_profilesToGo = std::make_unique<cProfilesToGoService>(
+        m_commandLine.dataFolder + QStringLiteral("/onboard"), *m_devices, *m_profiles);
     // Who holds the profiles holds all of the user's data.
     if (m_profiles->isReadOnly())
         m_settings->setReadOnly();
@@ -118,12 +133,18 @@ void HostApplication::createWindow()
     m_mainUI->setWindow(m_window.get());
     m_mainApp->setWindow(m_window.get());
     m_featureViews->setWindow(m_window.get());
+    m_luaScripts->setWindow(m_window.get());
 
     connect(m_settings.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_devices.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_mainApp.get(), SIGNAL(problemFound(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_profiles.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_luaScripts.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
+    connect(m_profilesToGo.get(), SIGNAL(problem(QString)), m_window.get(), SLOT(onMessage(QString)));
     connect(m_plugins.get(), SIGNAL(failed(QString)), m_window.get(), SLOT(onMessage(QString)));
+    m_window->addTool(tr("&On-board Memory..."), QKeySequence(), this, SLOT(onShowOnBoardMemory()));
+    m_window->addTool(tr("S&cript Editor..."), QKeySequence(), this, SLOT(onShowScript()));
+    m_window->addTool(tr("&Print Profile..."), QKeySequence(QKeySequence::Print), this, SLOT(onPrint()));
     m_window->setCloseGuard([this] {
         m_isEndAgreed = UnsavedProfiles::settle(*m_profiles, m_window.get());
         return m_isEndAgreed;
@@ -145,6 +166,9 @@ void HostApplication::start()
         m_plugins->loadAll(m_paths.pluginsFolder);
     else
         m_plugins->load(m_commandLine.pluginFile);
+    m_help->registerHelp(ApplicationHelpId,
+        QStringLiteral("qthelp://%1/doc/en_US/getting_started.htm").arg(HelpKey::Section),
+        m_paths.helpFolder());
     m_help->askProviders();
     m_window->show();
 
@@ -166,6 +190,8 @@ void HostApplication::startProfiles()
     m_profiles->load();
     IServiceMgr::instance()->registerService(m_profiles.get());
     IServiceMgr::instance()->subscribe(EventSources::MainApp, m_profiles.get(), Events::HandlerPrefix);
+    IServiceMgr::instance()->subscribe(EventSources::ProfileMgr, m_profilesToGo.get(), Events::HandlerPrefix);
+    m_profilesToGo->start();
 }
 
 void HostApplication::showLastDevice()
@@ -179,6 +205,32 @@ void HostApplication::showLastDevice()
 void HostApplication::onDeviceChanged(const QString& model)
 {
     m_settings->setPropertyString(LastDeviceKey, model);
+}
+
+void HostApplication::onShowOnBoardMemory()
+{
+    if (!m_onBoardWindow)
+        m_onBoardWindow = std::make_unique<OnBoardWindow>(*m_profilesToGo, *m_profiles, m_window.get());
+    m_onBoardWindow->showDevice(m_window->activeDeviceId());
+}
+
+void HostApplication::onShowScript()
+{
+    m_luaScripts->showEditor(true, shownProfile());
+}
+
+void HostApplication::onPrint()
+{
+    const auto device = m_devices->deviceOfModel(m_window->activeDeviceModel());
+    if (device)
+        m_profiles->printProfile(shownProfile(), device->properties()["category"].toString(), {});
+}
+
+QString HostApplication::shownProfile() const
+{
+    const QString shown = m_settings->getPropertyString(SettingsKeys::LastProfile);
+    const bool isThere = !m_profiles->getProfileByID(shown).isNull();
+    return isThere ? shown : m_profiles->getActiveProfileID();
 }
 
 void HostApplication::onScreenshotsFinished(const QString& message)

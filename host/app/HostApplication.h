@@ -16,12 +16,14 @@ class cLuaScriptService;
 class cMacroTypeMgrService;
 class cMainAppService;
 class cMainUIService;
+class cProfilePrinter;
 class cProfileMgrService;
 class cProfilerService;
 class cProfilesToGoService;
 class cSettingsService;
 class FeatureViewController;
 class MainWindow;
+class OnBoardWindow;
 class PluginLoader;
 class ProfileActions;
 class ScreenshotRun;
@@ -49,6 +51,9 @@ public:
 private Q_SLOTS:
     void onDeviceChanged(const QString& model);
     void onScreenshotsFinished(const QString& message);
+    void onShowOnBoardMemory();
+    void onShowScript();
+    void onPrint();
 
 private:
     void createServices();
@@ -57,6 +62,8 @@ private:
     void startProfiles();
     void showLastDevice();
     QList<QObject*> services() const;
+    /// The profile that the user looked at last, if it is still there, else the one that keys play.
+    QString shownProfile() const;
 
     /// True once the user has said what becomes of profiles that can't be saved.
     bool m_isEndAgreed = false;
@@ -73,11 +80,13 @@ private:
     std::unique_ptr<cECMAScriptMgrService> m_scripts;
     std::unique_ptr<cMacroTypeMgrService> m_macroTypes;
     std::unique_ptr<cProfilerService> m_profiler;
-    std::unique_ptr<cProfilesToGoService> m_profilesToGo;
     std::unique_ptr<cLCDMonService> m_displays;
-    std::unique_ptr<cLuaScriptService> m_luaScripts;
+    std::unique_ptr<cProfilePrinter> m_printer;
     std::unique_ptr<cProfileMgrService> m_profiles;
+    std::unique_ptr<cLuaScriptService> m_luaScripts;
+    std::unique_ptr<cProfilesToGoService> m_profilesToGo;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<OnBoardWindow> m_onBoardWindow;
     std::unique_ptr<ProfileActions> m_profileActions;
     std::unique_ptr<PluginLoader> m_plugins;
     std::unique_ptr<ScreenshotRun> m_screenshots;

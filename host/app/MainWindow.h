@@ -17,6 +17,7 @@ class FeatureViewController;
 class MessageStrip;
 class QAction;
 class QActionGroup;
+class QKeySequence;
 class QLabel;
 class QMenu;
 
@@ -65,6 +66,9 @@ public:
     bool selectDevice(const QString& model) override;
     void showMessage(const QString& text) override;
 
+    /// Adds an entry below those of the views, in the order of the calls.
+    void addTool(
+        const QString& text, const QKeySequence& shortcut, const QObject* receiver, const char* slot);
     /// Asked when the user closes the window, which stays open if the answer is false.
     void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
 
@@ -119,6 +123,7 @@ private:
     /// Stands in front of the entries of the views.
     QAction* m_viewSection = nullptr;
     QAction* m_viewSectionEnd = nullptr;
+    QAction* m_toolSectionEnd = nullptr;
     QAction* m_dataSectionEnd = nullptr;
     QList<QAction*> m_viewActions;
 };

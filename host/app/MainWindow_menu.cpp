@@ -113,11 +113,22 @@ void MainWindow::createMenu()
     connect(m_deviceActions, SIGNAL(triggered(QAction*)), this, SLOT(onDeviceAction(QAction*)));
     m_viewSection = m_menu->addSeparator();
     m_viewSectionEnd = m_menu->addSeparator();
+    m_toolSectionEnd = m_menu->addSeparator();
     m_dataSectionEnd = m_menu->addSeparator();
     addEntry(tr("&Help Contents"), QKeySequence(Qt::Key_F1), SLOT(onHelp()));
     addEntry(tr("&About %1").arg(QCoreApplication::applicationName()), QKeySequence(), SLOT(onAbout()));
     m_menu->addSeparator();
     addEntry(tr("&Quit"), QKeySequence(Qt::CTRL + Qt::Key_Q), SLOT(close()));
+}
+
+void MainWindow::addTool(
+    const QString& text, const QKeySequence& shortcut, const QObject* receiver, const char* slot)
+{
+    auto* const action = new QAction(text, this);
+    action->setShortcut(shortcut);
+    connect(action, SIGNAL(triggered()), receiver, slot);
+    m_menu->insertAction(m_toolSectionEnd, action);
+    addAction(action);
 }
 
 void MainWindow::addDataEntry(QAction* action)

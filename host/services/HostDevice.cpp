@@ -12,6 +12,15 @@ namespace {
 /// Larger scales and places are taken for mistakes.
 constexpr qreal MaxScale = 100.0;
 constexpr qreal MaxCoordinate = 10000.0;
+constexpr int MaxDisplaySide = 10000;
+constexpr int MaxMemory = 1024 * 1024 * 1024;
+
+/// A whole number from 0 to the limit; 0 for anything else.
+int boundedNumber(const QDomElement& element, const QString& name, int limit)
+{
+    const int value = element.attribute(name).toInt();
+    return value > 0 && value <= limit ? value : 0;
+}
 
 qreal coordinate(const QDomElement& element, const QString& name)
 {
@@ -43,6 +52,7 @@ HostDevice::HostDevice(const QString& folder)
     }
     m_model = model;
     readPresentation();
+    readEquipment();
 }
 
 QString HostDevice::uid() const
@@ -100,4 +110,14 @@ void HostDevice::readPresentation()
         coordinate(presentation, QStringLiteral("x")), coordinate(presentation, QStringLiteral("y"))};
     const qreal scale = presentation.attribute(QStringLiteral("scale")).toDouble();
     m_homeScale = std::isfinite(scale) && scale > 0.0 && scale <= MaxScale ? scale : 1.0;
+}
+
+void HostDevice::readEquipment()
+{
+    const QDomElement display = manifest().firstChildElement(QStringLiteral("lcd"));
+    m_displaySize = {boundedNumber(display, QStringLiteral("width"), MaxDisplaySide),
+        boundedNumber(display, QStringLiteral("height"), MaxDisplaySide)};
+    const QDomElement memory = manifest().firstChildElement(QStringLiteral("memory"));
+    m_memorySize = boundedNumber(memory, QStringLiteral("size"), MaxMemory);
+    m_memorySpeed = boundedNumber(memory, QStringLiteral("speed"), MaxMemory);
 }

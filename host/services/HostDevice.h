@@ -6,13 +6,16 @@
 #include <QDomDocument>
 #include <QDomElement>
 #include <QPointF>
+#include <QSize>
 #include <QString>
 
 /// A device as its folder describes it: a manifest, "manifest.xml", and pictures.
 ///
-/// Of the manifest it reads the root's attribute `model` and the child `presentation`:
+/// Of the manifest it reads the root's attribute `model` and the children
 ///
 ///     <presentation name short_name picture icon scale x y/>
+///     <lcd width height/>
+///     <memory size speed/>
 ///
 /// `picture` and `icon` are paths of pictures, `x` and `y` the place of the picture's upper left corner on
 /// the canvas while no view is open, in pixels of the scene, and `scale` its scale there. The rest of the
@@ -43,6 +46,13 @@ public:
     /// Above 0.
     qreal homeScale() const { return m_homeScale; }
 
+    /// Pixels of the device's display; empty for a device without one.
+    QSize displaySize() const { return m_displaySize; }
+    /// Bytes of the on-board memory; 0 for a device without one.
+    int memorySize() const { return m_memorySize; }
+    /// Bytes that the memory takes in a second; 0 for as many as come.
+    int memorySpeed() const { return m_memorySpeed; }
+
     /// True if a section of the manifest names the view in its attribute `viewid`.
     bool suitsView(const QString& viewId) const;
 
@@ -53,6 +63,7 @@ private:
     /// Forgets the manifest and remembers why.
     void refuseManifest(const QString& reason);
     void readPresentation();
+    void readEquipment();
 
     QString m_folder;
     QDomDocument m_manifest;
@@ -64,5 +75,8 @@ private:
     QString m_iconPath;
     QPointF m_homePosition;
     qreal m_homeScale = 1.0;
+    QSize m_displaySize;
+    int m_memorySize = 0;
+    int m_memorySpeed = 0;
     cJsonValue m_state;
 };

@@ -46,11 +46,18 @@ bool cHelpMgrService::registerHelp(const QString& helpID, const QString& helpUrl
                       [&](const Page& other) { return other.helpId == helpID; }),
         m_pages.end());
     m_pages.append(page);
+    const QString compiled = collectionFile(page);
+    if (m_collection && !compiled.isEmpty())
+        m_collection->add(compiled);
     return true;
 }
 
 bool cHelpMgrService::unRegisterHelp(const QString& helpFilePath)
 {
+    for (const Page& page : qAsConst(m_pages)) {
+        if (m_collection && page.folder == helpFilePath)
+            m_collection->remove(page.section);
+    }
     const auto rest = std::remove_if(
         m_pages.begin(), m_pages.end(), [&](const Page& page) { return page.folder == helpFilePath; });
     const bool isKnown = rest != m_pages.end();
@@ -73,6 +80,11 @@ void cHelpMgrService::LaunchHelp(const QString& section, const QString& topic)
     for (const Page& page : qAsConst(m_pages)) {
         if (page.section.compare(section, Qt::CaseInsensitive) != 0)
             continue;
+        const QUrl address = collection().find(page.section, {page.language, FallbackLanguage}, topic);
+        if (address.isValid()) {
+            window().showPage(address);
+            return;
+        }
         const QString file = findFile(page, topic);
         if (!file.isEmpty()) {
             window().showFile(file, page.folder);
@@ -85,6 +97,32 @@ void cHelpMgrService::LaunchHelp(const QString& section, const QString& topic)
 void cHelpMgrService::unloadHelp()
 {
     delete m_helpWindow;
+    m_collection.reset();
+}
+
+QString cHelpMgrService::collectionFile(const Page& page)
+{
+    const QDir folder(page.folder);
+    const QStringList names = folder.entryList({QStringLiteral("*.qch")}, QDir::Files);
+    for (const QString& name : names) {
+        const QString file = folder.absoluteFilePath(name);
+        if (HelpCollection::sectionOf(file) == page.section)
+            return file;
+    }
+    return QString();
+}
+
+HelpCollection& cHelpMgrService::collection()
+{
+    if (!m_collection) {
+        m_collection = std::make_unique<HelpCollection>(this);
+        for (const Page& page : qAsConst(m_pages)) {
+            const QString file = collectionFile(page);
+            if (!file.isEmpty())
+                m_collection->add(file);
+        }
+    }
+    return *m_collection;
 }
 
 QString cHelpMgrService::findFile(const Page& page, const QString& topic)
@@ -108,6 +146,6 @@ HelpWindow& cHelpMgrService::window()
     // It belongs to no window: a dialog blocks all windows of the one that it belongs to, and help is what
     // its user asks for.
     if (!m_helpWindow)
-        m_helpWindow = new HelpWindow;
+        m_helpWindow = new HelpWindow(collection());
     return *m_helpWindow;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HelpCollection.h"
 #include "HelpWindow.h"
 
 #include <IHelpMgr.h>
@@ -7,11 +8,14 @@
 #include <QList>
 #include <QPointer>
 
+#include <memory>
+
 /// The help pages that plug-ins have registered, and the window that shows them.
 ///
 /// The address of a page, "qthelp://<section>/doc/<language>_<COUNTRY>/<file>", tells its section. A topic is
 /// looked for in the registered folder of its section: under the language of the address, under "en_US" and
-/// in the folder itself.
+/// in the folder itself. A folder that holds a help collection of its section, a file that ends in ".qch",
+/// shows its pages from there, with contents and search.
 class cHelpMgrService : public IHelpMgr
 {
     Q_OBJECT
@@ -48,8 +52,13 @@ private:
 
     /// The file of a topic in the folder of a page, or empty.
     static QString findFile(const Page& page, const QString& topic);
+    /// The help collection in the folder of a page, or empty.
+    static QString collectionFile(const Page& page);
+    HelpCollection& collection();
     HelpWindow& window();
 
     QList<Page> m_pages;
+    /// Made when help is shown for the first time: it takes a moment.
+    std::unique_ptr<HelpCollection> m_collection;
     QPointer<HelpWindow> m_helpWindow;
 };

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QProcessEnvironment>
@@ -44,6 +45,7 @@ void Journey::writeSettings() const
 void Journey::write(const QString& name, const QByteArray& content) const
 {
     QFile file(dataFile(name));
+    QDir().mkpath(QFileInfo(file.fileName()).path());
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("can't write %s", qPrintable(file.fileName()));
 }
@@ -176,9 +178,24 @@ bool Journey::waitForNoWindow(const QString& title)
     return QTest::qWaitFor([&] { return !hasWindow(title); }, Patience);
 }
 
+int Journey::countWindows(const QString& title)
+{
+    const QString found =
+        xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), title});
+    return found.split(QLatin1Char('\n'), Qt::SkipEmptyParts).size();
+}
+
 void Journey::key(const QString& chord)
 {
     xdotool({QStringLiteral("key"), chord});
+}
+
+QStringList Journey::childProcesses() const
+{
+    QFile file(QStringLiteral("/proc/%1/task/%1/children").arg(m_process.processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        return {QStringLiteral("unknown")};
+    return QString::fromLatin1(file.readAll()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 QImage Journey::picture() const
@@ -213,6 +230,16 @@ bool Journey::savePicture(const QString& name) const
 {
     QDir().mkpath(QStringLiteral(JOURNEY_PICTURES));
     return picture().save(QStringLiteral(JOURNEY_PICTURES "/") + name);
+}
+
+bool Journey::showsMessage() const
+{
+    constexpr QRgb Amber = qRgb(0xe0, 0xb0, 0x5a);
+    const QImage shown = picture();
+    int edge = 0;
+    for (int y = 0; y < shown.height(); ++y)
+        edge += shown.pixel(shown.width() / 2, y) == Amber ? 1 : 0;
+    return edge > 0;
 }
 
 bool Journey::waitForEnd()

@@ -51,8 +51,16 @@ public:
     bool waitForWindow(const QString& title);
     /// Waits until there is none.
     bool waitForNoWindow(const QString& title);
+    /// How many windows of any program are to be seen whose title holds the text.
+    static int countWindows(const QString& title);
     /// Writes what the window shows to the pictures of the build tree.
     bool savePicture(const QString& name) const;
+
+    /// True if the window shows a message in its strip, which has an amber edge.
+    bool showsMessage() const;
+
+    /// Ids of the processes that it has started and that still run.
+    QStringList childProcesses() const;
 
     /// Waits until the application has ended; false if it does not.
     bool waitForEnd();

@@ -97,6 +97,7 @@ def manifest():
         short_name="M5",
         home=(0.6, 250, 26),
         transform=(1 / ZOOM, BOX[0], BOX[1]),
+        memory=(128 * 1024, 32 * 1024),
         controls=controls(),
         glows=[
             Glow("glow_buttons", GLOW[0], GLOW[1], "button"),

@@ -90,6 +90,8 @@ class Device:
     modes: list = field(default_factory=list)
     glows: list = field(default_factory=list)
     lcd: Optional[tuple] = None
+    # Bytes, and bytes per second that can be written.
+    memory: Optional[tuple] = None
 
     def image(self, name):
         return f"{self.alias}:/images/{name}.png"
@@ -111,6 +113,8 @@ class Device:
             )
             if self.lcd:
                 out.add_exact("lcd", width=self.lcd[0], height=self.lcd[1])
+            if self.memory:
+                out.add_exact("memory", size=self.memory[0], speed=self.memory[1])
             out.add_exact("profiler", category=self.category)
             with out.element_exact("macrobindingmetadata", viewid="macrobinding_view"):
                 self._write_binding(out)

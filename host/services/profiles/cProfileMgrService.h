@@ -5,6 +5,7 @@
 #include <IProfileMgr.h>
 #include <ProfileBackups.h>
 #include <ProfileBook.h>
+#include <ProfileDocument.h>
 #include <ProfileStore.h>
 
 #include <QQueue>
@@ -18,8 +19,10 @@
 #include <vector>
 
 class IDevMgr;
+class IDeviceCopies;
 class IMacroTypeMgr;
 class IMainUI;
+class IProfilePrinter;
 class ISettings;
 
 /// The service "Profiler.ProfileMgr" over the profile store.
@@ -223,6 +226,20 @@ public:
     /// Returns how many changed.
     int bringBack(const QString& backup, const QStringList& documents);
 
+    /// A profile as getProfileByID() gives it; null for a null profile.
+    static cJsonValue recordOf(const Profile* profile);
+
+    /// Knows what devices hold, and outlives the service unless null takes its place. Without it every
+    /// profile that is bound to a device is ahead of it.
+    void setDeviceCopies(const IDeviceCopies* copies) { m_deviceCopies = copies; }
+    /// Without one, printing does nothing. It outlives the service.
+    void setPrinter(IProfilePrinter* printer) { m_printer = printer; }
+    ProfileDocument::ReadResult readDocument(const QByteArray& document) const;
+    /// Adds a profile that was found on a device, as it is. One whose id is there already is passed over.
+    void adopt(Profile found);
+    /// Publishes a property event for each profile that is ahead of its device.
+    void announceUnwritten(const QString& deviceId);
+
 public Q_SLOTS:
     void undo();
     void redo();
@@ -267,14 +284,13 @@ private:
     MacroTypeLookup macroTypes() const;
 
     const Profile* profile(const QString& profileID) const { return m_book.find(profileID); }
-    /// As getProfileByID() gives it; null for a null profile.
-    static cJsonValue recordOf(const Profile* profile);
     static cJsonValue shortRecordOf(const Profile& profile);
     /// The profile that a record describes.
     static Profile profileOf(const cJsonValue& record);
     /// Gives an id of its own to each command that lacks one.
     static void tidyMacros(Profile& profile);
     /// A name that neither another local profile nor the given ones have: the name, or that with a number.
+    static QString numberedName(const QString& name, const QSet<QString>& taken);
     QString freeName(const QString& name, QSet<QString> taken = {}, const QString& exceptId = {}) const;
     /// The local profile of that name; null for none.
     const Profile* withName(const QString& name) const;
@@ -303,6 +319,8 @@ private:
 
     QString m_defaultDocument;
     Surroundings m_surroundings;
+    const IDeviceCopies* m_deviceCopies = nullptr;
+    IProfilePrinter* m_printer = nullptr;
     ProfileBook m_book;
     ProfileStore m_store;
     ProfileHistory m_history;

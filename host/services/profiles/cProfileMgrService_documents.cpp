@@ -1,6 +1,7 @@
 #include "cProfileMgrService.h"
 
-#include <IMainUI.h>
+#include "IProfilePrinter.h"
+
 #include <ProfileDocument.h>
 #include <ProfileIds.h>
 #include <WholeFile.h>
@@ -44,13 +45,12 @@ void cProfileMgrService::exportProfile(const QString& profileID, const QString& 
     }
 }
 
-void cProfileMgrService::printProfile(const QString& profileID, const QString&, const QStringList&)
+void cProfileMgrService::printProfile(
+    const QString& profileID, const QString& deviceCategory, const QStringList& keysList)
 {
     const Profile* printed = profile(profileID);
-    if (printed && m_surroundings.mainUI) {
-        m_surroundings.mainUI->info(tr("Print Profile"),
-            tr("%1 was not printed: this version can't print profiles.").arg(printed->name()));
-    }
+    if (printed && m_printer)
+        m_printer->print(*printed, deviceCategory, keysList);
 }
 
 bool cProfileMgrService::saveAllProfiles()
@@ -92,10 +92,4 @@ cJsonValue cProfileMgrService::getProfilesToGo(const QString& deviceId)
             records.append(recordOf(profile(id)));
     }
     return records;
-}
-
-bool cProfileMgrService::isProfileToGoDirty(const QString& profileID)
-{
-    // Nothing has been written to a device yet, so every profile that is bound to one is ahead of it.
-    return !getProfileDeviceId(profileID).isEmpty();
 }

@@ -110,6 +110,11 @@ QString cProfileMgrService::freeName(const QString& name, QSet<QString> taken, c
         if (isLocal(*profile(id)) && !isSame(id, exceptId))
             taken.insert(profile(id)->name());
     }
+    return numberedName(name, taken);
+}
+
+QString cProfileMgrService::numberedName(const QString& name, const QSet<QString>& taken)
+{
     QString candidate = name;
     for (int i = 2; taken.contains(candidate); ++i)
         candidate = QStringLiteral("%1 (%2)").arg(name).arg(i);
@@ -149,19 +154,6 @@ void cProfileMgrService::copyProfile(const QString& profileID)
 {
     if (const Profile* original = profile(profileID))
         addCopy(*original, {tr("Copy Profile %1").arg(original->name()), tr("Copy %1 Profiles")});
-}
-
-void cProfileMgrService::copyProfileToDevice(
-    const QString& profileID, const QString& deviceId, const QString&)
-{
-    const Profile* original = profile(profileID);
-    if (!original || deviceId.isEmpty())
-        return;
-    Profile copy = *original;
-    copy.properties["uid"] = newUid();
-    copy.properties["deviceid"] = deviceId;
-    perform({tr("Copy Profile %1 to Device").arg(original->name()), QString()},
-        {InsertProfile {std::move(copy), -1}});
 }
 
 cJsonValue cProfileMgrService::getProfileByID(const QString& profileID)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+
+/// What a script may use, and how its runner ends. Shared by the runner and by who starts it.
+namespace RunnerLimits {
+
+/// Largest script, in bytes.
+inline constexpr std::size_t ScriptSize = 1024 * 1024;
+/// All that a script may hold at a time, in bytes.
+inline constexpr std::size_t Memory = 128 * 1024 * 1024;
+/// All that a script may print, in bytes.
+inline constexpr std::size_t Output = 1024 * 1024;
+/// Longest run, in seconds.
+inline constexpr int Seconds = 10;
+
+/// Exit codes. With Failed, the standard error holds the message, in Lua's form "script:<line>: <text>".
+inline constexpr int Done = 0;
+inline constexpr int Failed = 1;
+
+/// The name that a script has in its messages.
+inline constexpr char ScriptName[] = "script";
+
+} // namespace RunnerLimits
