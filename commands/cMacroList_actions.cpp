@@ -40,14 +40,11 @@ void cMacroList::macroItemContextMenuIconClicked(const QPoint& point)
     QWidget* const window = MainWindowMenu::window();
     if (!window)
         return;
-    // The host may take the list or its window down while the menu is open.
-    const QPointer<QMenu> menu(new QMenu(window));
-    connect(this, SIGNAL(destroyed()), menu, SLOT(close()));
+    auto* const menu = new QMenu(window);
     if (selectedItems().size() == 1)
         menu->addAction(tr("Edit..."), this, SLOT(onMenuEditMacro()));
     menu->addAction(tr("Delete"), this, SLOT(deleteSelectedMacros()));
-    menu->exec(point);
-    delete menu;
+    MainWindowMenu::run(menu, this, point);
 }
 
 void cMacroList::macroItemDblClicked(cListWidgetItem* pItem)

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 // The files are lines of ASCII:
@@ -129,10 +130,12 @@ QString asQString(const std::u16string& text)
 class Reader
 {
 public:
+    /// The names have to outlive the reader.
     explicit Reader(const WineHive::Names& wanted)
-        : m_wanted(wanted)
     {
         for (auto key = wanted.begin(); key != wanted.end(); ++key) {
+            m_wanted[{reinterpret_cast<const char16_t*>(key.key().utf16()), std::size_t(key.key().size())}] =
+                &key.value();
             m_maxKeyLength = qMax(m_maxKeyLength, std::size_t(key.key().size()));
             for (const QString& name : key.value())
                 m_maxNameLength = qMax(m_maxNameLength, std::size_t(name.size()));
@@ -162,9 +165,9 @@ private:
         if (!takeText(line, ']', m_maxKeyLength, m_key))
             return;
         fold(m_key);
-        const auto found = m_wanted.constFind(asQString(m_key));
-        if (found != m_wanted.constEnd())
-            m_names = &*found;
+        const auto found = m_wanted.find(m_key);
+        if (found != m_wanted.end())
+            m_names = found->second;
     }
 
     void readValue(std::string_view line)
@@ -216,7 +219,9 @@ private:
         m_texts[toQString(m_key)][toQString(m_name)] = toQString(text.substr(0, text.find(u'\0')));
     }
 
-    const WineHive::Names& m_wanted;
+    /// The wanted names by key. A registry has a great many keys that nobody wants: looking for one takes no
+    /// memory.
+    std::unordered_map<std::u16string_view, const QSet<QString>*> m_wanted;
     std::size_t m_maxKeyLength = 0;
     std::size_t m_maxNameLength = 0;
     WineHive::Texts m_texts;
@@ -274,7 +279,7 @@ Texts read(const QString& path, const Names& wanted, const std::function<bool()>
             if (isFirstLine)
                 return Texts();
             isTooLong = true;
-            rest = {};
+            rest.remove_prefix(rest.size());
         }
         std::memmove(piece.data(), rest.data(), rest.size());
         filled = rest.size();

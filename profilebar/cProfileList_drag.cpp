@@ -58,7 +58,8 @@ void cProfileList::onProfileDragStart()
     Q_EMIT startDrag();
     if (!self)
         return;
-    // The drag owns the data, and Qt deletes the drag. It must not go with the list: Qt still works on it then.
+    // The drag owns the data, and Qt deletes the drag. It must not go with the list: Qt still works on it
+    // then.
     auto* const drag = new QDrag(this);
     drag->setParent(nullptr);
     drag->setMimeData(DragFormats::makeProfiles(ids).release());

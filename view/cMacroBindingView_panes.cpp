@@ -198,7 +198,8 @@ void cMacroBindingView::createMacroList()
 
     m_macroList = new cMacroList(m_commandFrame);
     m_macroList->move(MacroListPos);
-    // Queued, because the list's own slot is still on the stack when the editor opens; queues know types by name.
+    // Queued, because the list's own slot is still on the stack when the editor opens; queues know types by
+    // name.
     qRegisterMetaType<cJsonValue>();
     connect(m_macroList, SIGNAL(editMacro(cJsonValue)), this, SLOT(loadMacroEditor(cJsonValue)),
         Qt::QueuedConnection);

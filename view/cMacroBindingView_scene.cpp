@@ -124,7 +124,8 @@ void setLabelPlace(Gkey& key, const cJsonValue& control)
     }
 }
 
-/// Ends a drag that has its source on the canvas. Qt would go on with it, and use it after the source had taken it along.
+/// Ends a drag that has its source on the canvas. Qt would go on with it, and use it after the source had
+/// taken it along.
 void endDrags(const QWidget& canvas)
 {
     const QList<QDrag*> drags = canvas.findChildren<QDrag*>();

@@ -16,12 +16,12 @@ QString translated(const char* text)
     return QCoreApplication::translate("UnsavedProfiles", text);
 }
 
-Choice ask(const QStringList& names, const QString& reason, QWidget* window)
+Choice ask(const QStringList& names, const QStringList& problems, QWidget* window)
 {
     QString text =
         translated("Some changes of your profiles could not be saved. If you quit now, they are lost.");
-    if (!reason.isEmpty())
-        text += QStringLiteral("\n\n") + reason;
+    for (const QString& problem : problems)
+        text += QStringLiteral("\n\n") + problem;
     auto* const dialog =
         new MessageDialog(MessageDialog::Kind::Warning, translated("Profiles Not Saved"), text, window);
     // Without a name it is the document of a deleted profile that stays.
@@ -30,6 +30,7 @@ Choice ask(const QStringList& names, const QString& reason, QWidget* window)
         dialog->addChoice(SaveElsewhere, translated("Save Elsewhere..."));
     }
     dialog->addChoice(QuitAnyway, translated("Quit Anyway"));
+    dialog->addChoice(Stay, translated("Go Back"));
     dialog->addChoice(TryAgain, translated("Try Again"), true);
     dialog->setEscapeResult(Stay);
     return Choice(MessageDialog::run(dialog, Stay));
@@ -42,10 +43,11 @@ bool UnsavedProfiles::settle(cProfileMgrService& profiles, QWidget* window)
     // Who opened the profiles second was told at the start that nothing is saved.
     if (profiles.isReadOnly())
         return true;
-    QString reason;
+    QString problem;
     while (!profiles.saveAllProfiles()) {
-        const Choice choice = ask(profiles.unsavedNames(), reason, window);
-        reason.clear();
+        const QStringList problems = problem.isEmpty() ? profiles.saveFailures() : QStringList(problem);
+        const Choice choice = ask(profiles.unsavedNames(), problems, window);
+        problem.clear();
         if (choice == Stay)
             return false;
         if (choice == QuitAnyway)
@@ -56,8 +58,8 @@ bool UnsavedProfiles::settle(cProfileMgrService& profiles, QWidget* window)
             QFileDialog::getExistingDirectory(window, translated("Save Profiles In"), QDir::homePath());
         if (folder.isEmpty())
             continue;
-        reason = profiles.saveElsewhere(folder);
-        if (reason.isEmpty())
+        problem = profiles.saveElsewhere(folder);
+        if (problem.isEmpty())
             return true;
     }
     return true;

@@ -282,6 +282,13 @@ QString ProfileStore::freePath(const QString& folder, const QString& profileId)
     return path;
 }
 
+QStringList ProfileStore::failures() const
+{
+    QStringList texts = m_reported.values();
+    texts.sort();
+    return texts;
+}
+
 void ProfileStore::reportFailure(const QString& text)
 {
     if (m_reported.contains(text))

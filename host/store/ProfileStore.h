@@ -60,6 +60,9 @@ public:
     /// The profiles that writeUnwrittenTo() would write.
     std::vector<const Profile*> unwritten() const;
 
+    /// What could not be written, as it was told, since all was written last.
+    QStringList failures() const;
+
     /// True for a path in the folder: what stands there is the store's.
     bool holds(const QString& path) const;
 

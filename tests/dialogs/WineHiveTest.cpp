@@ -322,7 +322,9 @@ void WineHiveTest::largeNonsenseIsNotFoundAndTakesLittleMemory()
     const Texts texts = WineHive::read(path, Names {{"software\\game", {"dir"}}}, never);
     QVERIFY(texts.isEmpty());
     QVERIFY(before > 0);
+#ifndef __SANITIZE_ADDRESS__ // which keeps for a while what was freed
     QVERIFY2(peakMemory() - before < 16 * 1024, qPrintable(QString::number(peakMemory() - before)));
+#endif
 }
 
 void WineHiveTest::cancelEndsTheReading()

@@ -11,6 +11,7 @@
 #include <DialogButtons.h>
 #include <DialogDriver.h>
 #include <ProfileDocument.h>
+#include <ProfileStore.h>
 #include <SettingsKeys.h>
 #include <TestCase.h>
 
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void damagedBackupIsShown();
     void noBackupsAreShown();
     void dialogsAreUsedByKeyboard();
+    void unsavedProfilesAreShown();
     void menusHaveTheEntries();
 
 private:
@@ -355,6 +357,25 @@ void ProfileDialogsTest::dialogsAreUsedByKeyboard()
     });
     QTest::keyClick(&window(), Qt::Key_B, Qt::ControlModifier);
     QVERIFY(driver.hasRun());
+}
+
+void ProfileDialogsTest::unsavedProfilesAreShown()
+{
+    addProfile(Id, "Dungeon");
+    QVERIFY(profiles().saveAllProfiles());
+    // A folder in the document's place fails every write, for root as well.
+    const QString place = path("data/profiles/") + ProfileStore::fileName(Id);
+    QVERIFY(QFile::remove(place));
+    QVERIFY(QDir().mkpath(place + "/in the way"));
+    profiles().setProfileScript(Id, "changed");
+    const DialogDriver driver([](QDialog& dialog) {
+        QVERIFY(buttonOf(dialog, "Save Elsewhere..."));
+        savePicture(dialog, "dialog-unsaved.png");
+    });
+    QVERIFY(!window().close());
+    QVERIFY(driver.hasRun());
+    savePicture(window(), "window-unsaved.png");
+    QVERIFY(QDir(place).removeRecursively());
 }
 
 void ProfileDialogsTest::menusHaveTheEntries()

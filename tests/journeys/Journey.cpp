@@ -62,13 +62,9 @@ void Journey::start(const QString& program, const QStringList& arguments, const 
     m_process.start(program, arguments);
     if (!m_process.waitForStarted())
         return;
-    const QString processId = QString::number(m_process.processId());
     std::ignore = QTest::qWaitFor(
         [&] {
-            m_window =
-                xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-                            QStringLiteral("--pid"), processId, QStringLiteral("--name"), title})
-                    .section(QLatin1Char('\n'), 0, 0);
+            m_window = windows(title).section(QLatin1Char('\n'), 0, 0);
             return !m_window.isEmpty() || m_process.state() != QProcess::Running;
         },
         Patience);
@@ -101,6 +97,13 @@ bool Journey::restart()
     m_window.clear();
     start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
     return isRunning();
+}
+
+QString Journey::windows(const QString& title) const
+{
+    // Without "--all" one of the conditions is enough.
+    return xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+        QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), title});
 }
 
 QStringList Journey::moveCommand(const QPoint& point) const
@@ -156,25 +159,16 @@ void Journey::type(const QString& text)
 
 bool Journey::hasWindow(const QString& title) const
 {
-    return !xdotool(
-        {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-            QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), title})
-                .isEmpty();
+    return !windows(title).isEmpty();
 }
 
 bool Journey::waitForWindow(const QString& title)
 {
     return QTest::qWaitFor(
         [&] {
-            const QString window =
-                xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-                            QStringLiteral("--pid"), QString::number(m_process.processId()),
-                            QStringLiteral("--name"), title})
-                    .section(QLatin1Char('\n'), -1);
-            // It is to be seen before it has the keyboard.
-            if (!window.isEmpty())
-                xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), window});
-            return !window.isEmpty();
+            return hasWindow(title)
+                && xdotool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")})
+                       .contains(title);
         },
         Patience);
 }

@@ -49,7 +49,7 @@ public:
     static bool saveScreen(const QString& name);
     /// Whether there is a visible window whose title holds the text.
     bool hasWindow(const QString& title) const;
-    /// Waits for one, and for it to have the keyboard.
+    /// Waits until there is one that has the keyboard.
     bool waitForWindow(const QString& title);
     /// Waits until there is none.
     bool waitForNoWindow(const QString& title);
@@ -76,6 +76,8 @@ private:
     void writeSettings() const;
     void write(const QString& name, const QByteArray& content) const;
     void start(const QString& program, const QStringList& arguments, const QString& title);
+    /// The ids of its visible windows whose title holds the text, one a line.
+    QString windows(const QString& title) const;
     static QString xdotool(const QStringList& arguments);
     /// What makes xdotool move the pointer there.
     QStringList moveCommand(const QPoint& point) const;

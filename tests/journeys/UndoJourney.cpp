@@ -101,9 +101,7 @@ void UndoJourney::importIsUndoneRedoneAndBroughtBack()
 
 void UndoJourney::deletedProfileComesBackInTheView()
 {
-    // As after a first start, which offers a scan for games.
-    Journey journey({"--device", "Veltrano.Gaming.LeftHandedController.K13", "--open-view"},
-        {{"settings.json", R"({"version":1,"settings":{"profiler":{"autoScannedForGames":true}}})"}});
+    Journey journey({"--device", "Veltrano.Gaming.LeftHandedController.K13", "--open-view"});
     QVERIFY(journey.isRunning());
     const auto resting = [&] {
         QImage last = journey.picture();

@@ -72,7 +72,7 @@ void ProfileMgrImportTest::sameIdIsAskedAbout()
     mainUI().answers = {ConflictResolution::ConflictResolution_t(answer)};
     profiles().importProfile(path("in.xml"));
     QCOMPARE(mainUI().conflicts,
-        QStringList("This profile is on your computer already, as \"Game\". | New name, with 1 commands, "
+        QStringList("This profile is on your computer already, as \"Game\". | New name, with one command, "
                     "from in.xml"));
     QStringList all;
     for (const QString& id : profiles().profileIDs())

@@ -32,6 +32,20 @@ QByteArray makeManifest(const char* content, const char* model, const char* cate
         + "</macrobindingmetadata></device>";
 }
 
+int connections(const QObject& sender, const char* signal)
+{
+    // receivers() is for the class itself and its heirs.
+    class Peek : public QObject
+    {
+    public:
+        static int count(const QObject& object, const char* name)
+        {
+            return static_cast<const Peek&>(object).receivers(name);
+        }
+    };
+    return Peek::count(sender, signal);
+}
+
 cJsonValue makeMacro(const char* uid, const char* displayName, bool hidden)
 {
     cJsonValue macro;

@@ -137,5 +137,8 @@ public:
 /// A manifest of the category "pad" with that content below `macrobindingmetadata`.
 QByteArray makeManifest(const char* content, const char* model = "Model", const char* category = "pad");
 
+/// How many slots hear the signal.
+int connections(const QObject& sender, const char* signal);
+
 /// Three keys, three modes, no glows.
 extern const char* const PlainDevice;

@@ -7,15 +7,12 @@
 #include <cTooltip.h>
 #include <Gkey.h>
 #include <MagnetTextItem.h>
-#include <ServiceNames.h>
+#include <SceneEvents.h>
 #include <TestCase.h>
 
 #include <QCoreApplication>
-#include <QGraphicsSceneMouseEvent>
-#include <QPainter>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QStyleOptionGraphicsItem>
 
 namespace {
 
@@ -369,12 +366,7 @@ void ViewModesTest::labelHasALineIfTheManifestDrawsOne()
     MagnetTextItem* const label = fixture.label("G1");
     // Ends are taken relative to (x, y - 8), and drawn from the label's corner: half a text above the
     // manifest's place.
-    QImage image(200, 300, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    const QStyleOptionGraphicsItem option;
-    label->paint(&painter, &option, nullptr);
-    painter.end();
+    const QImage image = SceneEvents::painted(*label, QSize(200, 300));
     const int y = 200 - 52;
     QVERIFY(qAlpha(image.pixel(10, y)) > 0);
     QVERIFY(qAlpha(image.pixel(70, y)) > 0);
@@ -392,12 +384,7 @@ void ViewModesTest::labelOfAHiddenCommandIsStatic()
     fixture.open();
     fixture.showProfile("{P}");
     const auto pictureOf = [&fixture](const char* contextID) {
-        QImage image(80, 40, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        const QStyleOptionGraphicsItem option;
-        fixture.label(contextID)->paint(&painter, &option, nullptr);
-        return image;
+        return SceneEvents::painted(*fixture.label(contextID), QSize(80, 40));
     };
     QVERIFY(pictureOf("G1") != pictureOf("G2"));
     QVERIFY(fixture.key("G1")->isMacroHidden());
@@ -421,9 +408,7 @@ void ViewModesTest::labelAndKeyAreOneTarget()
     QCOMPARE(label->boundingRect(), atRest);
     // The key gets the label's events.
     QSignalSpy clicks(fixture.key("G1"), SIGNAL(clicked(QString)));
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    press.setButton(Qt::LeftButton);
-    fixture.scene->sendEvent(label, &press);
+    SceneEvents::press(*label);
     QCOMPARE(clicks.size(), 1);
 }
 
@@ -439,14 +424,8 @@ void ViewModesTest::selectedCommandsLightTheirLabels()
     fixture.showProfile("{P}");
     const auto pictures = [&fixture] {
         QList<QImage> found;
-        for (const char* contextID : {"G1", "G2", "G3"}) {
-            QImage image(80, 40, QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::transparent);
-            QPainter painter(&image);
-            const QStyleOptionGraphicsItem option;
-            fixture.label(contextID)->paint(&painter, &option, nullptr);
-            found.append(image);
-        }
+        for (const char* contextID : {"G1", "G2", "G3"})
+            found.append(SceneEvents::painted(*fixture.label(contextID), QSize(80, 40)));
         return found;
     };
     const QList<QImage> atRest = pictures();

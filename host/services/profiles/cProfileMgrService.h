@@ -121,6 +121,8 @@ public:
     bool isReadOnly() const { return m_store.isReadOnly(); }
     /// Names of the profiles with changes that are not saved.
     QStringList unsavedNames() const;
+    /// Why, in words.
+    QStringList saveFailures() const { return m_store.failures(); }
     /// Writes these profiles into another folder as documents that can be imported; they stay unsaved here.
     /// Returns what went wrong, for people; empty if nothing did.
     QString saveElsewhere(const QString& folder) const { return m_store.writeUnwrittenTo(folder); }

@@ -83,9 +83,9 @@ private:
         const QString description = isSameId
             ? tr("This profile is on your computer already, as \"%1\".").arg(present.name())
             : tr("Your computer has another profile of the name \"%1\".").arg(present.name());
-        const QString item =
-            tr("%1, with %2 commands, from %3")
-                .arg(profile.name(), QString::number(profile.macros.size()), fileNameOf(path));
+        const std::size_t count = profile.macros.size();
+        const QString commands = count == 1 ? tr("one command") : tr("%1 commands").arg(count);
+        const QString item = tr("%1, with %2, from %3").arg(profile.name(), commands, fileNameOf(path));
         return mainUI->conflict(
             tr("Import Profile"), description, item, tr("Replace"), tr("Leave as It Is"), tr("Keep Both"));
     }
