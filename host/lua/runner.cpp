@@ -7,6 +7,10 @@
 #include <lua.hpp>
 
 #include <sys/resource.h>
+#ifdef __linux__
+#include <csignal>
+#include <sys/prctl.h>
+#endif
 
 #include <array>
 #include <chrono>
@@ -145,7 +149,10 @@ std::vector<char> readScript()
 
 int main(int argc, char** argv)
 {
-    // Should it ever outlive the one who started it.
+    // Nobody needs the script any more when the one who started it has ended in whatever way.
+#ifdef __linux__
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
     const rlimit cpu {RunnerLimits::Seconds + 5, RunnerLimits::Seconds + 5};
     setrlimit(RLIMIT_CPU, &cpu);
 

@@ -13,6 +13,7 @@ class ScriptJourney : public TestCase
 
 private Q_SLOTS:
     void endlessScriptIsStoppedAndTheMendedOneIsKept();
+    void scriptEndsWithAnApplicationThatIsKilled();
 };
 
 void ScriptJourney::endlessScriptIsStoppedAndTheMendedOneIsKept()
@@ -60,6 +61,25 @@ void ScriptJourney::endlessScriptIsStoppedAndTheMendedOneIsKept()
     QVERIFY(journey.waitForEnd());
     QVERIFY(!journey.hasCrashed());
     QCOMPARE(journey.errors(), QString());
+}
+
+void ScriptJourney::scriptEndsWithAnApplicationThatIsKilled()
+{
+    QString runner;
+    {
+        Journey journey;
+        QVERIFY(journey.isRunning());
+        journey.key("alt+m");
+        journey.key("c");
+        QVERIFY(journey.waitForWindow("Script of Default Profile"));
+        journey.type("while true do end");
+        journey.key("F5");
+        QTRY_COMPARE(journey.childProcesses().size(), 1);
+        runner = QStringLiteral("/proc/") + journey.childProcesses().constFirst();
+        QVERIFY(QFile::exists(runner));
+        // The journey's end kills the application.
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(!QFile::exists(runner), 3000);
 }
 
 VELTRANO_TEST_MAIN(ScriptJourney)
