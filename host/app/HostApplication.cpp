@@ -59,7 +59,8 @@ HostApplication::~HostApplication()
 {
     m_screenshots.reset();
     m_controller->closeNow();
-    IServiceMgr::instance()->unsubscribe(EventSources::ProfileMgr, m_profilesToGo.get());
+    for (const QLatin1String source : {EventSources::ProfileMgr, EventSources::Profiler})
+        IServiceMgr::instance()->unsubscribe(source, m_profilesToGo.get());
     // While all services are still there: plug-ins withdraw their views and call services as they stop.
     m_plugins.reset();
     m_help->unloadHelp();
@@ -195,7 +196,8 @@ void HostApplication::startProfiles()
     m_profiles->load();
     IServiceMgr::instance()->registerService(m_profiles.get());
     IServiceMgr::instance()->subscribe(EventSources::MainApp, m_profiles.get(), Events::HandlerPrefix);
-    IServiceMgr::instance()->subscribe(EventSources::ProfileMgr, m_profilesToGo.get(), Events::HandlerPrefix);
+    for (const QLatin1String source : {EventSources::ProfileMgr, EventSources::Profiler})
+        IServiceMgr::instance()->subscribe(source, m_profilesToGo.get(), Events::HandlerPrefix);
     m_profilesToGo->start();
 }
 

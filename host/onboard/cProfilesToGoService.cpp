@@ -415,6 +415,14 @@ void cProfilesToGoService::onProfileDeleted(const QString& profileID)
     }
 }
 
+void cProfilesToGoService::onProfileSelectionChanged(const QString& profileID)
+{
+    const Device* device = find(m_profiles.getProfileDeviceId(profileID));
+    // One that is busy tells when it is idle.
+    if (device && device->activity == Activity::None)
+        m_profiles.announceUnwritten(device->id);
+}
+
 QList<cProfilesToGoService::Damage> cProfilesToGoService::damages(const QString& deviceId) const
 {
     QList<Damage> list;

@@ -90,6 +90,9 @@ public:
 
     /// Event of "ProfileMgr_Events": the device gives up a profile that was deleted.
     Q_INVOKABLE void onProfileDeleted(const QString& profileID);
+    /// Event of "Profiler_Events": tells a view that shows another profile now what the device lacks. The
+    /// view offers to write only what it hears of.
+    Q_INVOKABLE void onProfileSelectionChanged(const QString& profileID);
 
 Q_SIGNALS:
     /// Something that the user has to know, in words.

@@ -1,10 +1,12 @@
 #include "Journey.h"
 
+#include <AppConstants.h>
 #include <TestCase.h>
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSet>
 
 namespace {
 
@@ -13,11 +15,15 @@ constexpr int LargeText = 55 * 1024;
 
 const QString LargeName = QStringLiteral("profiles/00000000-0000-0000-0000-000000000001.xml");
 
-QByteArray largeProfile()
+const QByteArray LargeId = "{00000000-0000-0000-0000-000000000001}";
+
+/// Where the view has its button that writes the profile to the device.
+constexpr QRect SyncButton(38 + 180, AppConstants::HeaderHeight + 157 - 1, 29, 29);
+
+QByteArray largeProfile(const QByteArray& deviceId = {})
 {
-    return "<profiles version=\"1\"><profile uid=\"{00000000-0000-0000-0000-000000000001}\" "
-           "name=\"Zeppelin\"><description>"
-        + QByteArray(LargeText, 'z') + "</description></profile></profiles>";
+    return "<profiles version=\"1\"><profile uid=\"" + LargeId + "\" name=\"Zeppelin\" deviceid=\"" + deviceId
+        + "\"><description>" + QByteArray(LargeText, 'z') + "</description></profile></profiles>";
 }
 
 } // namespace
@@ -29,6 +35,7 @@ class OnBoardJourney : public TestCase
 
 private Q_SLOTS:
     void mouseIsPulledOutWhileItIsWrittenAndThenFull();
+    void viewOffersWhatIsNotWrittenAndWritesIt();
 };
 
 void OnBoardJourney::mouseIsPulledOutWhileItIsWrittenAndThenFull()
@@ -76,6 +83,46 @@ void OnBoardJourney::mouseIsPulledOutWhileItIsWrittenAndThenFull()
     journey.key("Escape");
     QTRY_COMPARE(Journey::countWindows("On-board Memory"), 0);
 
+    journey.key("ctrl+q");
+    QVERIFY(journey.waitForEnd());
+    QVERIFY(!journey.hasCrashed());
+    QCOMPARE(journey.errors(), QString());
+}
+
+void OnBoardJourney::viewOffersWhatIsNotWrittenAndWritesIt()
+{
+    Journey journey({"--device", "Veltrano.Gaming.Mouse.M5", "--open-view"},
+        {{LargeName, largeProfile("Veltrano.Gaming.Mouse.M5#demonstration")},
+            {"settings.json",
+                R"({"version": 1, "settings": {"profiler": {"autoScannedForGames": true, "lastProfile": ")"
+                    + LargeId + "\"}}}"}});
+    QVERIFY(journey.isRunning());
+    const auto button = [&] {
+        return journey.picture().copy(SyncButton);
+    };
+    const QImage offered = journey.restingPicture(SyncButton);
+    QVERIFY(journey.savePicture("onboard-view-offered.png"));
+
+    journey.click(SyncButton.center());
+    journey.moveTo(QPoint(AppConstants::SceneSize.width() / 2, AppConstants::HeaderHeight / 2));
+    // It turns for as long as the device is written, nearly two seconds.
+    QSet<QByteArray> looks;
+    const auto look = [&] {
+        const QImage shown = button();
+        looks.insert(QByteArray(reinterpret_cast<const char*>(shown.constBits()), int(shown.sizeInBytes())));
+        return looks.size() >= 5;
+    };
+    QTRY_VERIFY(look());
+    QVERIFY(journey.savePicture("onboard-view-writing.png"));
+    const QDir memory(journey.dataFile("onboard/M5Device"));
+    QTRY_COMPARE_WITH_TIMEOUT(memory.entryList({"*.xml"}, QDir::Files).size(), 1, 20000);
+    const QImage written = journey.restingPicture(SyncButton);
+    QVERIFY(journey.savePicture("onboard-view-written.png"));
+    QVERIFY(written != offered);
+
+    // With nothing to write there is no button from the start.
+    QVERIFY(journey.restart());
+    QCOMPARE(journey.restingPicture(SyncButton), written);
     journey.key("ctrl+q");
     QVERIFY(journey.waitForEnd());
     QVERIFY(!journey.hasCrashed());

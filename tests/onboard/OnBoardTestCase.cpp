@@ -88,7 +88,8 @@ void OnBoardTestCase::start()
     m_profileService->load();
     m_manager->registerService(m_profileService.get());
     m_manager->registerService(m_service.get());
-    m_manager->subscribe(EventSources::ProfileMgr, m_service.get(), Events::HandlerPrefix);
+    for (const QLatin1String source : {EventSources::ProfileMgr, EventSources::Profiler})
+        m_manager->subscribe(source, m_service.get(), Events::HandlerPrefix);
     m_profilesClient = std::make_unique<cProfileMgr>();
     m_memoriesClient = std::make_unique<cProfilesToGo>();
     m_log = std::make_unique<TransferLog>();

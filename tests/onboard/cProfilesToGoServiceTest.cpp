@@ -1,5 +1,6 @@
 #include "OnBoardTestCase.h"
 
+#include <cEventHelpers.h>
 #include <DeviceFolder.h>
 #include <EventLog.h>
 #include <ProfileStore.h>
@@ -19,6 +20,7 @@ private Q_SLOTS:
 
     void copyIsWrittenByACommit();
     void changedProfileIsAheadUntilItIsWritten();
+    void profileThatIsShownIsToldToBeUnwritten();
     void unchangedProfilesAreNotWrittenAgain();
     void profileOnTheDeviceIsCopiedBack();
     void copiesOnADeviceHaveNamesOfTheirOwn();
@@ -122,6 +124,21 @@ void cProfilesToGoServiceTest::changedProfileIsAheadUntilItIsWritten()
     waitUntilIdle();
     QVERIFY(!profiles().isProfileToGoDirty(copy));
     QVERIFY(document(ProfileStore::fileName(copy)).contains("<icon>"));
+}
+
+void cProfilesToGoServiceTest::profileThatIsShownIsToldToBeUnwritten()
+{
+    const QString copy = copyToMouse(Local);
+    EventLog events;
+    EventHelpers::publishProfileSelectionChanged(copy);
+    QCOMPARE(events.take(), QStringList({"ProfilePropertyChanged " + copy}));
+    EventHelpers::publishProfileSelectionChanged(Local);
+    memories().commitDevice(Mouse);
+    EventHelpers::publishProfileSelectionChanged(copy);
+    QCOMPARE(events.take(), QStringList());
+    waitUntilIdle();
+    EventHelpers::publishProfileSelectionChanged(copy);
+    QCOMPARE(events.take(), QStringList());
 }
 
 void cProfilesToGoServiceTest::unchangedProfilesAreNotWrittenAgain()
