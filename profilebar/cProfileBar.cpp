@@ -261,7 +261,7 @@ void cProfileBar::onCurrentProfileSwitched(const QString& id)
     // Labels change at the first event and lists at the second; only then is the profile the bar's.
     // Who hears of it may take the bar down.
     const QPointer<cProfileBar> self(this);
-    const QString profileID = id;
+    const QString profileID = id; // NOLINT(performance-unnecessary-copy-initialization)
     EventHelpers::publishProfileSelectionChanging(profileID);
     EventHelpers::publishProfileSelectionChanged(profileID);
     if (self)
