@@ -7,6 +7,7 @@
 #include <cMainUI.h>
 #include <cProfileMgr.h>
 #include <DragFormats.h>
+#include <DragRun.h>
 #include <MainWindowMenu.h>
 
 #include <QContextMenuEvent>
@@ -70,23 +71,19 @@ void cMacroList::MacroStartDrag(const cJsonValue&)
     }
     const bool several = ids.size() > 1;
     const QPointer<cMacroList> self(this);
-    // A drag must outlive its exec(), which the list need not: the host may take the list down meanwhile.
     auto* const drag = new QDrag(this);
-    drag->setParent(nullptr);
+    // The drag owns the data.
     drag->setMimeData(DragFormats::makeMacros(ids).release());
     if (several)
         Q_EMIT multiMacroStartDrag();
     else if (const cMacroItem* row = selected.isEmpty() ? nullptr : rowOf(selected.constFirst()))
         Q_EMIT singleMacroStartDrag(row->macro());
-    if (!self) {
-        delete drag;
-        return;
-    }
-    m_isDragging = true;
-    drag->exec(Qt::CopyAction);
+    // With the list the drag that did not run has gone.
     if (!self)
         return;
-    m_isDragging = false;
+    DragRun::exec(drag, this, Qt::CopyAction);
+    if (!self)
+        return;
     if (several)
         Q_EMIT multiMacroEndDrag();
     else

@@ -5,6 +5,7 @@
 #include <cMacroBindingView.h>
 #include <cProfileMgr.h>
 #include <DragFormats.h>
+#include <DragRun.h>
 
 #include <QApplication>
 #include <QCursor>
@@ -32,11 +33,11 @@ void Gkey::dragAssignment(QWidget* source)
     Q_EMIT assignmentStartDrag(dragged.macroID);
     if (!self)
         return;
-    // The drag owns the data, and Qt deletes the drag.
-    auto* drag = new QDrag(source);
+    auto* const drag = new QDrag(source);
+    // The drag owns the data.
     drag->setMimeData(DragFormats::makeAssignment(dragged).release());
     setCursor(Qt::OpenHandCursor);
-    const Qt::DropAction result = drag->exec(Qt::MoveAction);
+    const Qt::DropAction result = DragRun::exec(drag, this, Qt::MoveAction);
     if (!self)
         return;
     if (result == Qt::MoveAction) {

@@ -385,7 +385,7 @@ void GkeyTakenDownTest::duringADrag()
         };
         QTimer timer;
         connect(&timer, &QTimer::timeout, this, [&] {
-            if (!on.window.findChild<QDrag*>())
+            if (!qApp->findChild<QDrag*>())
                 return;
             timer.stop();
             if (when.isEmpty())
