@@ -95,7 +95,9 @@ void cMacroList::MacroStartDrag(const cJsonValue&)
 void cMacroList::macroEditIconClicked(const cJsonValue& macro)
 {
     const QString macroID = macro["uid"].toString();
-    for (int i = 0; i < count(); ++i) {
+    // Whoever edits may run an event loop.
+    const QPointer<cMacroList> self(this);
+    for (int i = 0; self && i < count(); ++i) {
         const cMacroItem* row = RowLists::rowAt<cMacroItem>(*this, i);
         if (row && row->macroId() == macroID)
             Q_EMIT editMacro(row->macro());
@@ -112,6 +114,7 @@ bool cMacroList::eventFilter(QObject* watched, QEvent* event)
 
 void cMacroList::keyPressEvent(QKeyEvent* event)
 {
+    const QPointer<cMacroList> self(this);
     switch (event->key()) {
     case Qt::Key_Delete:
         deleteSelectedMacros();
@@ -124,7 +127,8 @@ void cMacroList::keyPressEvent(QKeyEvent* event)
     default:
         break;
     }
-    cRowList::keyPressEvent(event);
+    if (self)
+        cRowList::keyPressEvent(event);
 }
 
 void cMacroList::emitEditMacro(const QListWidgetItem* item)

@@ -37,6 +37,7 @@ private Q_SLOTS:
 
     void nameAndFormDecideWhatCanBeSaved_data();
     void nameAndFormDecideWhatCanBeSaved();
+    void formIsNotAskedWithoutAName();
     void proposalOfAFormBecomesTheName();
     void eachKeystrokeCounts();
 
@@ -368,6 +369,16 @@ void cMacroEditPageTest::nameAndFormDecideWhatCanBeSaved()
     keys().form->isFilled = isFilled;
     name().setText(newName);
     QCOMPARE(this->savers(), savers);
+}
+
+void cMacroEditPageTest::formIsNotAskedWithoutAName()
+{
+    openPage();
+    keys().form->timesAsked = 0;
+    page().macroNameChanged(QString());
+    QCOMPARE(keys().form->timesAsked, 0);
+    name().setText("a");
+    QVERIFY(keys().form->timesAsked > 0);
 }
 
 void cMacroEditPageTest::proposalOfAFormBecomesTheName()
