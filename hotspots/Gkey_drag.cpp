@@ -28,12 +28,13 @@ void Gkey::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 void Gkey::dragAssignment(QWidget* source)
 {
     const QPointer<Gkey> self(this);
+    const QPointer<QWidget> canvas(source);
     // What is dragged stays this command of this key, whatever the host does to the key meanwhile.
     const DragFormats::AssignmentIds dragged {m_macroID, m_contextID};
     Q_EMIT assignmentStartDrag(dragged.macroID);
     if (!self)
         return;
-    auto* const drag = new QDrag(source);
+    auto* const drag = new QDrag(canvas);
     // The drag owns the data.
     drag->setMimeData(DragFormats::makeAssignment(dragged).release());
     setCursor(Qt::OpenHandCursor);

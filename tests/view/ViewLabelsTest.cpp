@@ -36,6 +36,7 @@ private Q_SLOTS:
     void knownCategoryGetsNone();
     void profileWithoutRecordsStillGetsTheRequiredCommands();
     void hostThatAnswersRequiredCommandsAtOnce();
+    void requiredCommandsStayWithTheirProfile();
 
     void labelStandsAtItsPlaceInTheManifest();
     void labelStandsOverItsKeyWithoutAPlace();
@@ -199,6 +200,25 @@ void ViewLabelsTest::hostThatAnswersRequiredCommandsAtOnce()
     });
     fixture.showProfile("{P}");
     QCOMPARE(fixture.labels(), QStringList({"G1=Generic", "G2=Generic"}));
+}
+
+void ViewLabelsTest::requiredCommandsStayWithTheirProfile()
+{
+    ViewFixture fixture;
+    fixture.categories["{Q}"] = QStringList("pad");
+    fixture.open(makeManifest(RequiredDevice));
+    // Another profile comes while the first key of this one is filled.
+    fixture.host.answer("setGenericAssignment", [&fixture](const RecordedCall&) {
+        if (fixture.view.getProfileId() == "{P}")
+            fixture.host.publishProfileSelectionChanging("{Q}");
+    });
+    fixture.host.publishProfileSelectionChanging("{P}");
+    const QStringList calls = fixture.host.takeCalls();
+    QCOMPARE(calls.filter("setGenericAssignment"),
+        QStringList({R"(setGenericAssignment("{P}", "pad", "t1", "n1", false, 0, "G1"))",
+            R"(setGenericAssignment("{P}", "pad", "t2", "n2", true, 0, "G2"))"}));
+    QCOMPARE(calls.filter("enableProfileBackup"),
+        QStringList({R"(enableProfileBackup("{P}", false))", R"(enableProfileBackup("{P}", true))"}));
 }
 
 void ViewLabelsTest::labelStandsAtItsPlaceInTheManifest()
