@@ -56,8 +56,8 @@ cProfileItem::cProfileItem(const QString& id, const QString& name, const QPixmap
 {
     setAcceptDrops(true);
     createMarker();
-    setMinimumSize(sizeHint());
-    setMaximumSize(sizeHint());
+    setMinimumSize(cProfileItem::sizeHint());
+    setMaximumSize(cProfileItem::sizeHint());
     m_shownWell = m_wellPixmap;
     createContextIcon();
     setToolTip(PlainText::toolTip(name));

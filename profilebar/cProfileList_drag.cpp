@@ -36,7 +36,8 @@ bool cProfileList::eventFilter(QObject* watched, QEvent* event)
     default:
         break;
     }
-    return QObject::eventFilter(watched, event);
+    // Not the view's: tiles are no editors.
+    return QObject::eventFilter(watched, event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void cProfileList::onProfileDragStart()
