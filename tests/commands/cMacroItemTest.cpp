@@ -3,6 +3,7 @@
 #include <cClickableLabel.h>
 #include <cMacroItem.h>
 #include <MetaMembers.h>
+#include <MethodText.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 
@@ -111,6 +112,7 @@ class cMacroItemTest : public TestCase
 
 private Q_SLOTS:
     void hasItsMembersInOrder();
+    void parametersBearTheirNames();
     void constructionAsksTheHost();
     void constructionMakesTheRow();
     void rowWithoutTypeHasNoIcon_data();
@@ -149,6 +151,14 @@ void cMacroItemTest::hasItsMembersInOrder()
             "dragStart(cJsonValue)", "hoverIn()", "hoverOut()", "nameChanged(QString)"}));
     QCOMPARE(MetaMembers::slotsOf(meta), QStringList({"contextMenuIconClicked(QPoint)"}));
     QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
+}
+
+void cMacroItemTest::parametersBearTheirNames()
+{
+    const QStringList all = methodTexts(cMacroItem::staticMetaObject);
+    for (const char* text :
+        {"macroDoubleClicked(cJsonValue macro)", "dragStart(cJsonValue macro)", "nameChanged(QString name)"})
+        QVERIFY2(all.contains(text), text);
 }
 
 void cMacroItemTest::constructionAsksTheHost()
