@@ -118,6 +118,7 @@ private Q_SLOTS:
     void rowWithoutTypeHasNoIcon_data();
     void rowWithoutTypeHasNoIcon();
     void firstMatchingTypeEndsTheWalk();
+    void missingTypesArePassedOver();
     void nameIsNoMarkup();
     void longNameEndsInDots();
     void picturesShowTheState_data();
@@ -225,6 +226,14 @@ void cMacroItemTest::firstMatchingTypeEndsTheWalk()
     Stage stage;
     stage.panel.types.append(
         cMacroTypePtr(new FakeType(Keys, stage.pictures.add("late.png", filledPicture(5, 5, Qt::blue)))));
+    stage.make(macro("{1}", "Jump"));
+    QCOMPARE(stage.iconSize(), QSize(28, 28));
+}
+
+void cMacroItemTest::missingTypesArePassedOver()
+{
+    Stage stage;
+    stage.panel.types.prepend(cMacroTypePtr());
     stage.make(macro("{1}", "Jump"));
     QCOMPARE(stage.iconSize(), QSize(28, 28));
 }
