@@ -265,14 +265,16 @@ void cMacroBindingView::refreshAssignments()
 void cMacroBindingView::assignRequiredGenericMacros()
 {
     cProfileMgr profiles;
+    // The host may show another profile while it answers.
+    const QString profile = m_profileId;
     // What the keys get here is no change of the user's.
-    profiles.enableProfileBackup(m_profileId, false);
+    profiles.enableProfileBackup(profile, false);
     const auto keys = m_hotspots;
-    for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
-        if (it.value() && it.value()->isGenericRequired())
-            onUseGenericAssignment(it.key());
+    for (const Gkey* key : keys) {
+        if (key && key->isGenericRequired())
+            useGenericMacro(profile, *key);
     }
-    profiles.enableProfileBackup(m_profileId, true);
+    profiles.enableProfileBackup(profile, true);
 }
 
 void cMacroBindingView::clearLabels()
