@@ -32,7 +32,7 @@ void ProfileJourney::profileIsMadeChosenAndKept()
     const QImage before = m_journey->restingBar();
     QVERIFY(m_journey->restart());
     m_journey->moveTo(BareCanvas);
-    QTRY_VERIFY_WITH_TIMEOUT(m_journey->restingPicture(BarArea) == before, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(m_journey->restingPicture(TileArea) == before, 20000);
 
     // A press in an empty well asks for a profile as well.
     m_journey->moveTo(tile(3) - QPoint(2, 0));
@@ -83,11 +83,11 @@ void ProfileJourney::profilesAreSearched()
     m_journey->restingBar();
     QVERIFY(m_journey->savePicture("profile-search.png"));
     m_journey->type("quers");
-    m_journey->restingPicture(BarArea);
+    m_journey->restingPicture(TileArea);
     QVERIFY(m_journey->savePicture("profile-no-results.png"));
     m_journey->key("ctrl+a");
     m_journey->key("BackSpace");
-    m_journey->restingPicture(BarArea);
+    m_journey->restingPicture(TileArea);
     m_journey->click(tile(0));
     QTRY_COMPARE(m_journey->setting("lastProfile"), m_journey->idOf("Chess"));
 }

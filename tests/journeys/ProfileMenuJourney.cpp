@@ -123,7 +123,7 @@ void ProfileMenuJourney::iconIsChosenAndGivenUp()
     // The entry stands below that by which it was chosen.
     m_journey->chooseInMenuOf(0, ChooseIcon + 1);
     m_journey->moveTo(BareCanvas);
-    QTRY_VERIFY(m_journey->restingPicture(BarArea) == before);
+    QTRY_VERIFY(m_journey->restingPicture(TileArea) == before);
 }
 
 VELTRANO_TEST_MAIN(ProfileMenuJourney)

@@ -61,7 +61,7 @@ QString ViewJourney::setting(const char* key) const
 QImage ViewJourney::restingBar()
 {
     moveTo(BareCanvas);
-    return restingPicture(BarArea);
+    return restingPicture(TileArea);
 }
 
 bool ViewJourney::makeProfile(const QString& name)

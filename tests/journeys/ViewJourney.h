@@ -1,70 +1,16 @@
 #pragma once
 
 #include "Journey.h"
+#include "ViewPlaces.h"
 
-#include <AppConstants.h>
 #include <TestCase.h>
 
 #include <QDomElement>
 #include <QImage>
 #include <QMap>
-#include <QPoint>
-#include <QRect>
 #include <QScopedPointer>
-#include <QSize>
 #include <QString>
 #include <QStringList>
-
-/// Where the view of the controller has its things, in pixels of the window.
-namespace ViewPlaces {
-
-/// A point of the canvas as one of the window.
-constexpr QPoint onCanvas(int x, int y)
-{
-    return {x, AppConstants::HeaderHeight + y};
-}
-
-inline constexpr QPoint NewButton = onCanvas(359, 108);
-inline constexpr QPoint NewMenuArrow = onCanvas(359, 127);
-inline constexpr QPoint ImportButton = onCanvas(392, 106);
-inline constexpr QPoint ProfileSearchBox = onCanvas(430, 83);
-inline constexpr QPoint Trashcan = onCanvas(339, 530);
-inline constexpr QPoint BareCanvas = onCanvas(560, 505);
-inline constexpr QRect BarArea(onCanvas(352, 37), QSize(593, 86));
-
-/// The middle of the command list's row with that number, unscrolled.
-constexpr QPoint commandRow(int row)
-{
-    return onCanvas(140, 237 + row * 31);
-}
-
-constexpr QPoint tile(int number)
-{
-    return onCanvas(552 + 68 * number, 73);
-}
-
-/// Where a tile's icon for the menu stands.
-constexpr QPoint menuIcon(int number)
-{
-    return tile(number) + QPoint(19, 14);
-}
-
-/// The entries of a tile's menu by which keys reach them; those of the fixed default profile are fewer.
-enum MenuEntry {
-    Save = 2,
-    Delete,
-    Export,
-    Print,
-    AllKeys,
-    Test,
-    Scripting,
-    ChooseIcon,
-    SetDefault,
-    SetPersistent,
-    Properties
-};
-
-} // namespace ViewPlaces
 
 /// A journey in the view of the controller: what people do there with profiles, and what is stored then.
 /// Steps answer false when something that they wait for does not come.
