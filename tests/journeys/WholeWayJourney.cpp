@@ -48,6 +48,8 @@ class WholeWayJourney : public TestCase
 private Q_SLOTS:
     void everythingIsAsItWasLeft();
 
+    void cleanup();
+
 private:
     static QString stored(const ViewJourney& journey, const QString& profile, const QString& key)
     {
@@ -63,11 +65,22 @@ private:
     static QImage restingView(ViewJourney& journey)
     {
         journey.moveTo(BareCanvas);
-        QImage view = journey.restingPicture(DeskArea);
-        QPainter(&view).drawImage(QPoint(), journey.restingPicture(TileArea));
+        const QImage desk = journey.restingPicture(DeskArea);
+        const QImage tiles = journey.restingPicture(TileArea);
+        QImage view(desk.width(), tiles.height() + desk.height(), desk.format());
+        view.fill(Qt::black);
+        QPainter painter(&view);
+        painter.drawImage(0, 0, tiles);
+        painter.drawImage(0, tiles.height(), desk);
         return view;
     }
 };
+
+void WholeWayJourney::cleanup()
+{
+    if (QTest::currentTestFailed())
+        QVERIFY(Journey::saveScreen("failed-whole-way.png"));
+}
 
 void WholeWayJourney::everythingIsAsItWasLeft()
 {
@@ -116,8 +129,15 @@ void WholeWayJourney::everythingIsAsItWasLeft()
     restingView(journey);
     journey.drag(commandRow(0), KeyG3);
     QTRY_COMPARE(stored(journey, Chess, "G3"), QString("A"));
-    const QImage filled = restingView(journey);
+    restingView(journey);
     QVERIFY(journey.savePicture("whole-way-5-second-profile.png"));
+
+    // Who comes back to a profile finds none of its commands selected.
+    journey.click(tile(1));
+    QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Default));
+    journey.click(tile(0));
+    QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Chess));
+    const QImage filled = restingView(journey);
 
     const QString path = journey.dataFile("chess.xml");
     journey.chooseInMenuOf(0, Export);
