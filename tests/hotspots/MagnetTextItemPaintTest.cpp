@@ -11,6 +11,9 @@
 
 using namespace LabelSupport;
 
+using Change = void (*)(Label*);
+Q_DECLARE_METATYPE(Change)
+
 namespace {
 
 /// The colour of the pixel that is covered most.
@@ -49,6 +52,8 @@ private Q_SLOTS:
     void connectLineLiesUnderTheBalloon();
     void connectLineNeedsAText();
     void connectLineMayLeaveTheBounds();
+    void connectLineGoesWithItsLabel_data();
+    void connectLineGoesWithItsLabel();
     void wideRightToLeftTextShowsItsBeginning();
 };
 
@@ -291,6 +296,36 @@ void MagnetTextItemPaintTest::connectLineMayLeaveTheBounds()
     QCOMPARE(ink.left(), -5);
     QCOMPARE(ink.top(), -4);
     QCOMPARE(ink.right(), int(bounds.width()) + 4);
+}
+
+void MagnetTextItemPaintTest::connectLineGoesWithItsLabel_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::newRow("deleted") << Change([](Label* label) { delete label; });
+    QTest::newRow("emptied") << Change([](Label* label) { label->setText(QString()); });
+    QTest::newRow("moved") << Change([](Label* label) { label->setCenter(400, 400); });
+}
+
+void MagnetTextItemPaintTest::connectLineGoesWithItsLabel()
+{
+    QFETCH(Change, change);
+    QGraphicsScene scene(0, 0, 600, 600);
+    auto* const label = new Label(blank(3), 60);
+    scene.addItem(label);
+    label->setCenter(100, 100);
+    label->setConnectLine(QPointF(20, 5), QPointF(150, 120));
+    const QRectF line = label->mapRectToScene(QRectF(20, 5, 130, 115));
+    QSignalSpy changed(&scene, SIGNAL(changed(const QList<QRectF>&)));
+    QVERIFY(changed.wait());
+    changed.clear();
+
+    change(label);
+    QVERIFY(changed.wait());
+    const QVariantList arguments = changed.first();
+    QRectF region;
+    for (const QRectF& part : qvariant_cast<QList<QRectF>>(arguments.first()))
+        region |= part;
+    QVERIFY(region.contains(line));
 }
 
 void MagnetTextItemPaintTest::wideRightToLeftTextShowsItsBeginning()

@@ -1,6 +1,6 @@
 #include "Journey.h"
+#include "ViewPlaces.h"
 
-#include <AppConstants.h>
 #include <TestCase.h>
 
 #include <QDir>
@@ -8,35 +8,15 @@
 #include <QFile>
 #include <QMap>
 
-using namespace AppConstants;
+using namespace ViewPlaces;
 
 namespace {
 
 const QString Controller = QStringLiteral("Veltrano.Gaming.LeftHandedController");
 
-/// A point of the canvas as one of the window.
-constexpr QPoint onCanvas(int x, int y)
-{
-    return {x, HeaderHeight + y};
-}
-
-// The controller's keys and mode buttons, and what the view has around them.
-constexpr QPoint KeyG1 = onCanvas(396, 283);
-constexpr QPoint KeyG2 = onCanvas(480, 275);
-constexpr QPoint KeyG14 = onCanvas(900, 340);
-constexpr QPoint KeyG15 = onCanvas(480, 395);
-constexpr QPoint ModeM2 = onCanvas(844, 186);
-constexpr QPoint Trashcan = onCanvas(339, 530);
-constexpr QPoint BareCanvas = onCanvas(560, 505);
 constexpr QPoint SearchBox = onCanvas(180, 202);
-constexpr QRect KeyArea(QPoint(350, HeaderHeight + 220), QSize(610, 250));
-constexpr QRect ListArea(QPoint(38, HeaderHeight + 220), QSize(232, 316));
-
-/// The middle of the command list's row with that number, unscrolled.
-constexpr QPoint commandRow(int row)
-{
-    return onCanvas(140, 237 + row * 31);
-}
+constexpr QRect KeyArea(onCanvas(350, 220), QSize(610, 250));
+constexpr QRect ListArea(onCanvas(38, 220), QSize(232, 316));
 
 /// The assignments of the default profile on the controller: "M1 G1" to the command's display name.
 using Assignments = QMap<QString, QString>;

@@ -1,6 +1,6 @@
 #include "Journey.h"
+#include "ViewPlaces.h"
 
-#include <AppConstants.h>
 #include <TestCase.h>
 
 #include <QFile>
@@ -11,6 +11,7 @@
 #include <utility>
 
 using namespace AppConstants;
+using namespace ViewPlaces;
 
 namespace {
 
@@ -29,17 +30,6 @@ double differingShare(const QImage& a, const QImage& b, const QRect& area)
     return double(differing) / (double(area.width()) * area.height());
 }
 
-/// Parts of the window at its initial size.
-constexpr QRect CanvasArea(0, HeaderHeight, SceneSize.width(), SceneSize.height());
-constexpr int BarMiddle = WindowSize.height() - DeviceBarHeight / 2;
-
-/// The middle of a device's button; short names give it the least width.
-constexpr QPoint deviceButton(int index)
-{
-    return {BarMargin + index * (BarButtonMinWidth + BarButtonSpacing) + BarButtonMinWidth / 2, BarMiddle};
-}
-
-constexpr QPoint ViewButton(WindowSize.width() - BarMargin - BarButtonMinWidth / 2, BarMiddle);
 /// Where nothing reacts to the pointer.
 constexpr QPoint NeutralPoint(SceneSize.width() / 2, HeaderHeight / 2);
 
