@@ -5,6 +5,7 @@
 
 #include <cProfileMgrService.h>
 #include <DialogParts.h>
+#include <HelpKey.h>
 
 #include <QDir>
 #include <QHBoxLayout>
@@ -36,6 +37,7 @@ BackupsDialog::BackupsDialog(cProfileMgrService& profiles, QWidget* parent)
     , m_profiles(profiles)
 {
     DialogParts::prepare(*this, tr("Backups"));
+    new HelpKey(QStringLiteral("import_and_backups.htm"), this);
     createContent();
     connect(m_backups, SIGNAL(currentItemChanged(QTreeWidgetItem*, QTreeWidgetItem*)), this,
         SLOT(onBackupChosen()));

@@ -4,6 +4,7 @@
 #include "ProfileTable.h"
 
 #include <DialogParts.h>
+#include <HelpKey.h>
 
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -22,6 +23,7 @@ ImportDialog::ImportDialog(
     : QDialog(parent, DialogParts::Flags)
 {
     DialogParts::prepare(*this, tr("Profiles to Import"));
+    new HelpKey(QStringLiteral("import_and_backups.htm"), this);
     m_table = new ProfileTable(profiles);
     m_table->addColumn(tr("File"));
     for (int i = 0; i < int(files.size()); ++i) {

@@ -34,6 +34,15 @@ private Q_SLOTS:
 
 private:
     static QString writeProfile(const Journey& journey);
+    /// By F1, and closes it again.
+    static bool opensHelp(Journey& journey)
+    {
+        journey.key("F1");
+        if (!journey.waitForWindow("Importing profiles and backups - Help"))
+            return false;
+        journey.key("Escape");
+        return QTest::qWaitFor([] { return Journey::countWindows("Help") == 0; }, 20000);
+    }
     static QString stored(const Journey& journey)
     {
         return journey.dataFile("profiles/" + ProfileStore::fileName(Id));
@@ -68,6 +77,7 @@ void UndoJourney::importIsUndoneRedoneAndBroughtBack()
     journey.key("Return");
     QVERIFY(journey.waitForWindow("Profiles to Import"));
     QVERIFY(Journey::saveScreen("undo-import.png"));
+    QVERIFY(opensHelp(journey));
     journey.key("Return");
     QTRY_VERIFY(QFile::exists(stored(journey)));
     QTRY_VERIFY(backups() == 2);
@@ -87,6 +97,7 @@ void UndoJourney::importIsUndoneRedoneAndBroughtBack()
     journey.key("ctrl+b");
     QVERIFY(journey.waitForWindow("Backups"));
     QVERIFY(Journey::saveScreen("undo-backups.png"));
+    QVERIFY(opensHelp(journey));
     journey.key("alt+a");
     QTRY_VERIFY(QFile::exists(stored(journey)));
     QVERIFY(Journey::saveScreen("undo-brought-back.png"));
