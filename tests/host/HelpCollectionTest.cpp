@@ -6,6 +6,7 @@
 #include <IServiceMgr.h>
 #include <TestCase.h>
 
+#include <QDirIterator>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QLabel>
@@ -13,6 +14,7 @@
 #include <QListWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -61,6 +63,7 @@ private Q_SLOTS:
     void unloadLetsTheFilesGo();
     void realPagesAreAllThere_data();
     void realPagesAreAllThere();
+    void topicsInTheCodeArePages();
 
 private:
     QString source(const QString& name = {}) const { return m_folder->filePath("source/" + name); }
@@ -320,6 +323,32 @@ void HelpCollectionTest::realPagesAreAllThere()
             titles.begin(), titles.end(), [&](const QString& title) { return listed.contains(title); });
     };
     QTRY_VERIFY2(isListed(), qPrintable(titles.join("|") + " / " + contents().join("|")));
+}
+
+void HelpCollectionTest::topicsInTheCodeArePages()
+{
+    static const QRegularExpression topic("new HelpKey\\(QStringLiteral\\(\"([^\"]*)\"\\)");
+    const QStringList pages = QDir(APPLICATION_PAGES).entryList({"*.htm"}, QDir::Files);
+    QStringList sources;
+    QDirIterator files(
+        QStringLiteral(APPLICATION_PAGES "/.."), {"*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        sources.append(files.next());
+    int keys = 0;
+    int topics = 0;
+    for (const QString& path : qAsConst(sources)) {
+        QFile source(path);
+        QVERIFY(source.open(QIODevice::ReadOnly));
+        const QString code = QString::fromUtf8(source.readAll());
+        keys += code.count("new HelpKey(");
+        for (auto found = topic.globalMatch(code); found.hasNext(); ++topics) {
+            const QString page = found.next().captured(1);
+            QVERIFY2(pages.contains(page), qPrintable(path + ": " + page));
+        }
+    }
+    QVERIFY(topics >= 5);
+    // Each was understood.
+    QCOMPARE(topics, keys);
 }
 
 VELTRANO_TEST_MAIN(HelpCollectionTest)
