@@ -49,6 +49,8 @@ cJsonValue typeInfo(const cJsonValue& macro)
 {
     const IMacroTypePtrList types = cMacroTypeMgr().getAllMacroTypes();
     for (const cMacroTypePtr& type : types) {
+        if (!type)
+            continue;
         const cJsonValue info = type->info();
         if (info.contains("uid") && macro.contains("namespace")
             && info["uid"].toString() == macro["namespace"].toString())

@@ -10,7 +10,6 @@
 #include <cProfileMgr.h>
 #include <EventNames.h>
 
-#include <QDrag>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -35,9 +34,6 @@ cMacroList::cMacroList(QWidget* parent)
 
 cMacroList::~cMacroList()
 {
-    // Whoever the drag comes over would ask for its source.
-    if (m_isDragging)
-        QDrag::cancel();
     stopPopulation();
     RowLists::deleteRowWidgets(*this);
     clear();

@@ -102,5 +102,4 @@ private:
     QList<QListWidgetItem*> m_searchHits;
     bool m_searchActive = false;
     QString m_searchText;
-    bool m_isDragging = false;
 };

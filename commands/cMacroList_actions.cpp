@@ -7,6 +7,7 @@
 #include <cMainUI.h>
 #include <cProfileMgr.h>
 #include <DragFormats.h>
+#include <DragRun.h>
 #include <MainWindowMenu.h>
 
 #include <QContextMenuEvent>
@@ -70,23 +71,19 @@ void cMacroList::MacroStartDrag(const cJsonValue&)
     }
     const bool several = ids.size() > 1;
     const QPointer<cMacroList> self(this);
-    // A drag must outlive its exec(), which the list need not: the host may take the list down meanwhile.
     auto* const drag = new QDrag(this);
-    drag->setParent(nullptr);
+    // The drag owns the data.
     drag->setMimeData(DragFormats::makeMacros(ids).release());
     if (several)
         Q_EMIT multiMacroStartDrag();
     else if (const cMacroItem* row = selected.isEmpty() ? nullptr : rowOf(selected.constFirst()))
         Q_EMIT singleMacroStartDrag(row->macro());
-    if (!self) {
-        delete drag;
-        return;
-    }
-    m_isDragging = true;
-    drag->exec(Qt::CopyAction);
+    // With the list the drag that did not run has gone.
     if (!self)
         return;
-    m_isDragging = false;
+    DragRun::exec(drag, this, Qt::CopyAction);
+    if (!self)
+        return;
     if (several)
         Q_EMIT multiMacroEndDrag();
     else
@@ -98,7 +95,9 @@ void cMacroList::MacroStartDrag(const cJsonValue&)
 void cMacroList::macroEditIconClicked(const cJsonValue& macro)
 {
     const QString macroID = macro["uid"].toString();
-    for (int i = 0; i < count(); ++i) {
+    // Whoever edits may run an event loop.
+    const QPointer<cMacroList> self(this);
+    for (int i = 0; self && i < count(); ++i) {
         const cMacroItem* row = RowLists::rowAt<cMacroItem>(*this, i);
         if (row && row->macroId() == macroID)
             Q_EMIT editMacro(row->macro());
@@ -115,6 +114,7 @@ bool cMacroList::eventFilter(QObject* watched, QEvent* event)
 
 void cMacroList::keyPressEvent(QKeyEvent* event)
 {
+    const QPointer<cMacroList> self(this);
     switch (event->key()) {
     case Qt::Key_Delete:
         deleteSelectedMacros();
@@ -127,7 +127,8 @@ void cMacroList::keyPressEvent(QKeyEvent* event)
     default:
         break;
     }
-    cRowList::keyPressEvent(event);
+    if (self)
+        cRowList::keyPressEvent(event);
 }
 
 void cMacroList::emitEditMacro(const QListWidgetItem* item)

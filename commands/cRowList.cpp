@@ -137,7 +137,8 @@ void cRowList::doItemsLayout()
         return;
     }
     collectPlaces();
-    QAbstractItemView::doItemsLayout();
+    // Not QListView's, which would place all rows.
+    QAbstractItemView::doItemsLayout(); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void cRowList::reset()
@@ -201,7 +202,7 @@ void cRowList::updateGeometries()
     if (scrollBy != 0)
         bar->setValue(bar->value() + scrollBy);
     horizontalScrollBar()->setRange(0, 0);
-    QAbstractItemView::updateGeometries();
+    QAbstractItemView::updateGeometries(); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void cRowList::updateEditorGeometries()

@@ -11,7 +11,7 @@
 namespace {
 
 /// The longest list of libraries that is read, in bytes.
-constexpr qint64 MaxLibraryListSize = 1024 * 1024;
+constexpr qint64 MaxLibraryListSize = qint64(1024) * 1024;
 
 /// Adds an existing folder by its one real path, unless it is there already.
 void addFolder(QStringList& folders, const QString& path)

@@ -116,8 +116,7 @@ void cMacroEditPage::createEditors()
                 m_titleLabel->setText(typeName);
             continue;
         }
-        m_stack->addWidget(createEditor(
-            *type, info["displayname"].toString(), !m_isNew && info["uid"].toString() == typeOfRecord));
+        m_stack->addWidget(createEditor(*type, typeName, isMatch));
     }
     if (m_currentEditor && !m_currentEditor->showMacroName())
         showName(false);
@@ -268,8 +267,7 @@ void cMacroEditPage::macroNameChanged(const QString& name)
 {
     if (m_nameEdit->text() != name)
         m_nameEdit->setText(name);
-    const bool isFormReady = m_currentEditor ? m_currentEditor->canAddMacro() : !m_isNew;
-    const bool isSavable = !name.isEmpty() && isFormReady;
+    const bool isSavable = !name.isEmpty() && (m_currentEditor ? m_currentEditor->canAddMacro() : !m_isNew);
     setSavable(isSavable);
     // It reads "Close" after an add.
     if (isSavable && m_cancelButton)

@@ -98,7 +98,7 @@ void cMacroTypeIconList::keyPressEvent(QKeyEvent* event)
 {
     const int last = m_items.size() - 1;
     const int current = highlightedIndex();
-    int next = current;
+    int next = 0;
     switch (event->key()) {
     case Qt::Key_Up:
     case Qt::Key_Left:
@@ -109,7 +109,6 @@ void cMacroTypeIconList::keyPressEvent(QKeyEvent* event)
         next = std::min(current + 1, last);
         break;
     case Qt::Key_Home:
-        next = 0;
         break;
     case Qt::Key_End:
         next = last;

@@ -84,7 +84,7 @@ void Gkey::setKeyRect(int x, int y, int width, int height)
     m_rectWidth = width;
     m_rectHeight = height;
     // Whole halves of the key, but true halves of the glow.
-    const QPointF middle(x + width / 2, y + height / 2);
+    const QPoint middle(x + width / 2, y + height / 2);
     const QSizeF glow = m_targetGlow->boundingRect().size();
     m_targetGlow->setPos(middle.x() - glow.width() / 2.0, middle.y() - glow.height() / 2.0);
     placeContextButton();

@@ -5,6 +5,7 @@
 #include <cMacroBindingView.h>
 #include <cProfileMgr.h>
 #include <DragFormats.h>
+#include <DragRun.h>
 
 #include <QApplication>
 #include <QCursor>
@@ -27,16 +28,17 @@ void Gkey::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 void Gkey::dragAssignment(QWidget* source)
 {
     const QPointer<Gkey> self(this);
+    const QPointer<QWidget> canvas(source);
     // What is dragged stays this command of this key, whatever the host does to the key meanwhile.
     const DragFormats::AssignmentIds dragged {m_macroID, m_contextID};
     Q_EMIT assignmentStartDrag(dragged.macroID);
     if (!self)
         return;
-    // The drag owns the data, and Qt deletes the drag.
-    auto* drag = new QDrag(source);
+    auto* const drag = new QDrag(canvas);
+    // The drag owns the data.
     drag->setMimeData(DragFormats::makeAssignment(dragged).release());
     setCursor(Qt::OpenHandCursor);
-    const Qt::DropAction result = drag->exec(Qt::MoveAction);
+    const Qt::DropAction result = DragRun::exec(drag, this, Qt::MoveAction);
     if (!self)
         return;
     if (result == Qt::MoveAction) {

@@ -12,7 +12,7 @@ struct StickCommand
 {
     QLatin1String macroID;
     /// The first key that it occupies; the last is the stick's last.
-    GKey::GKey_t firstKey;
+    GKey::GKey_t firstKey {};
 
     bool occupies(int key) const { return key >= firstKey && key <= GKey::StickLast; }
     /// The context ids of the keys that it occupies.

@@ -204,7 +204,8 @@ QFrame* cProfileBar::searchFrame()
         m_searchFrame->setAutoFillBackground(true);
         m_searchFrame->setFixedSize(SearchBoxSize);
         const auto* box = new cSearchBox(SearchBoxSize.width(), SearchBoxSize.height(), m_searchFrame);
-        connect(box, SIGNAL(textEdited(const QString&)), m_list, SLOT(onSearch(const QString&)));
+        if (m_list)
+            connect(box, SIGNAL(textEdited(const QString&)), m_list, SLOT(onSearch(const QString&)));
     }
     return m_searchFrame;
 }
@@ -258,9 +259,13 @@ void cProfileBar::hoverLeaveEvent(QGraphicsSceneHoverEvent*)
 void cProfileBar::onCurrentProfileSwitched(const QString& id)
 {
     // Labels change at the first event and lists at the second; only then is the profile the bar's.
-    EventHelpers::publishProfileSelectionChanging(id);
-    EventHelpers::publishProfileSelectionChanged(id);
-    m_currentProfileId = id;
+    // Who hears of it may take the bar down.
+    const QPointer<cProfileBar> self(this);
+    const QString profileID = id; // NOLINT(performance-unnecessary-copy-initialization)
+    EventHelpers::publishProfileSelectionChanging(profileID);
+    EventHelpers::publishProfileSelectionChanged(profileID);
+    if (self)
+        m_currentProfileId = profileID;
 }
 
 // Scrolling

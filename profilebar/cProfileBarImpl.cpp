@@ -24,31 +24,37 @@ QListWidget* cProfileBarImpl::profileList()
 
 bool cProfileBarImpl::addProfile(const cJsonValue& profile)
 {
-    m_bar->profileList()->addProfileRecord(profile);
+    if (cProfileList* const list = m_bar->profileList())
+        list->addProfileRecord(profile);
     return true;
 }
 
 bool cProfileBarImpl::setDeviceFilter(const QString& deviceId)
 {
-    m_bar->profileList()->setDeviceFilter(deviceId);
+    if (cProfileList* const list = m_bar->profileList())
+        list->setDeviceFilter(deviceId);
     return true;
 }
 
 void cProfileBarImpl::setTileDragEnabled(bool enabled)
 {
-    m_bar->profileList()->setTileDragEnabled(enabled);
+    if (cProfileList* const list = m_bar->profileList())
+        list->setTileDragEnabled(enabled);
 }
 
 void cProfileBarImpl::setDropsEnabled(bool enabled)
 {
     cProfileList* const list = m_bar->profileList();
+    if (!list)
+        return;
     list->setAcceptDrops(enabled);
     list->setDragDropMode(QAbstractItemView::InternalMove);
 }
 
 QStringList cProfileBarImpl::selectedProfileIds()
 {
-    return m_bar->profileList()->selectedProfileIds();
+    const cProfileList* list = m_bar->profileList();
+    return list ? list->selectedProfileIds() : QStringList();
 }
 
 QString cProfileBarImpl::currentProfileId()

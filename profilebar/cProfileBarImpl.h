@@ -5,7 +5,8 @@
 class cProfileBar;
 
 /// A profile bar for another module, which embeds its item, its list and its search frame. Nothing here owns
-/// them or the bar: the module keeps what it got as long as the process runs.
+/// them or the bar: the module keeps what it got as long as the process runs. Should it end the list all the
+/// same, what concerns the list does nothing.
 class cProfileBarImpl final : public IProfileBar
 {
     Q_DISABLE_COPY(cProfileBarImpl)

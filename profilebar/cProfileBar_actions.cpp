@@ -105,22 +105,23 @@ void cProfileBar::onMenuImportProfile()
 void cProfileBar::onMenuExportProfile()
 {
     const QStringList filters {tr("Game Profiles (*.xml)"), tr("All Files (*)")};
-    // The profile that the user saw, whatever the host does while a file is chosen.
-    const QString profileID = m_currentProfileId;
+    // A bar that goes while a file is chosen has said which profile is meant.
+    const QPointer<cProfileBar> self(this);
+    const QString lastProfileID = m_currentProfileId;
     const QString path = QFileDialog::getSaveFileName(
         nullptr, tr("Export Profile"), exportFolder(), filters.join(QLatin1String(";;")));
     if (path.isEmpty())
         return;
-    cProfileMgr().exportProfile(profileID, path);
+    cProfileMgr().exportProfile(self ? m_currentProfileId : lastProfileID, path);
     cSettings().setPropertyString(SettingsKeys::LastExportDir, folderOf(path));
 }
 
 QString cProfileBar::exportFolder() const
 {
     cSettings settings;
-    const QString folder = settings.getPropertyString(SettingsKeys::LastExportDir, desktopFolder());
+    QString folder = settings.getPropertyString(SettingsKeys::LastExportDir, desktopFolder());
     if (folder.isEmpty())
-        return desktopFolder();
+        folder = desktopFolder();
     if (QFileInfo(folder).isDir())
         return folder;
     settings.setPropertyString(SettingsKeys::LastExportDir, QString());

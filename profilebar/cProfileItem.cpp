@@ -56,8 +56,8 @@ cProfileItem::cProfileItem(const QString& id, const QString& name, const QPixmap
 {
     setAcceptDrops(true);
     createMarker();
-    setMinimumSize(sizeHint());
-    setMaximumSize(sizeHint());
+    setMinimumSize(cProfileItem::sizeHint());
+    setMaximumSize(cProfileItem::sizeHint());
     m_shownWell = m_wellPixmap;
     createContextIcon();
     setToolTip(PlainText::toolTip(name));
@@ -255,7 +255,8 @@ void cProfileItem::dropEvent(QDropEvent* event)
         event->ignore();
         return;
     }
-    // The event is answered first: the host may end the tile in answer to the signal.
+    // The host may end the tile in answer to the signal.
+    const QString profileID = m_id;
+    Q_EMIT macrosDropped(DragFormats::macroIds(*event->mimeData()), profileID);
     event->acceptProposedAction();
-    Q_EMIT macrosDropped(DragFormats::macroIds(*event->mimeData()), m_id);
 }

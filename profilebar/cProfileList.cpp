@@ -14,6 +14,7 @@
 #include <RowLists.h>
 #include <SettingsKeys.h>
 
+#include <QPointer>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -182,18 +183,16 @@ void cProfileList::selectRow(int row)
         m_currentProfileId = tile->id();
         m_currentRow = row;
         const QString id = m_currentProfileId;
+        // Whoever hears of it may make tiles come and go, or take the list down.
+        const QPointer<cProfileList> self(this);
         Q_EMIT selectedProfile(id);
         cSettings().setPropertyString(SettingsKeys::LastProfile, id);
-        // Whoever heard of it may have made tiles come and go.
+        if (!self)
+            return;
         row = rowOfProfile(id);
     }
     if (QListWidgetItem* current = item(row)) {
-        // Without a choice of ours, what was selected before would stay so when tiles have come or gone
-        // since.
-        if (current->isSelected())
-            setCurrentItem(current);
-        else
-            setCurrentItem(current, QItemSelectionModel::ClearAndSelect);
+        setCurrentItem(current);
         scrollToItem(current, QAbstractItemView::EnsureVisible);
     }
 }
@@ -256,7 +255,8 @@ void cProfileList::onProfileAdded(const QString& profileID)
     // Gone again before its event came.
     if (profile.isNull())
         return;
-    addProfileRecord(profile);
+    const QString target = profile["target"].toString();
+    addTile(profileID, profile["name"].toString(), target, profileTileIcon(profileID, target));
     QListWidgetItem* const added = item(rowOfProfile(profileID));
     if (added && profile["deviceid"].toString().isEmpty())
         setCurrentItem(added, QItemSelectionModel::ClearAndSelect);

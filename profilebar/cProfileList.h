@@ -42,7 +42,7 @@ public:
     /// Does nothing if the profile has no tile.
     void selectProfile(const QString& id);
 
-    /// Hides the profiles of that device; an empty id hides none.
+    /// Hides the profiles of that device and shows all others, whatever is searched; an empty id hides none.
     void setDeviceFilter(const QString& deviceId);
     /// False at first, also for tiles to come.
     void setTileDragEnabled(bool enabled);

@@ -4,6 +4,7 @@
 
 #include <cProfileMgr.h>
 #include <DragFormats.h>
+#include <DragRun.h>
 
 #include <QContextMenuEvent>
 #include <QDrag>
@@ -35,7 +36,8 @@ bool cProfileList::eventFilter(QObject* watched, QEvent* event)
     default:
         break;
     }
-    return QObject::eventFilter(watched, event);
+    // Not the view's: tiles are no editors.
+    return QObject::eventFilter(watched, event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void cProfileList::onProfileDragStart()
@@ -58,13 +60,11 @@ void cProfileList::onProfileDragStart()
     Q_EMIT startDrag();
     if (!self)
         return;
-    // The drag owns the data, and Qt deletes the drag. It must not go with the list: Qt still works on it
-    // then.
     auto* const drag = new QDrag(this);
-    drag->setParent(nullptr);
+    // The drag owns the data.
     drag->setMimeData(DragFormats::makeProfiles(ids).release());
     drag->setPixmap(icon);
-    drag->exec(Qt::CopyAction);
+    DragRun::exec(drag, this, Qt::CopyAction);
     if (!self)
         return;
     Q_EMIT endDrag();

@@ -183,7 +183,7 @@ QString cProfileList::deleteQuestion(const QStringList& ids) const
 {
     if (ids.size() > 1)
         return tr("Are you sure you want to delete %1 profiles from your computer?").arg(ids.size());
-    const QString id = ids.first();
+    const QString& id = ids.first();
     cProfileMgr profiles;
     const QString deviceId = profiles.getProfileDeviceId(id);
     const QString name = profiles.getProfileName(id);

@@ -29,7 +29,6 @@ void cProfileList::setDeviceFilter(const QString& deviceId)
         if (const cProfileItem* tile = tileAt(row))
             item(row)->setHidden(isHiddenByDevice(tile->deviceId()));
     }
-    repeatSearch();
 }
 
 bool cProfileList::isHiddenByDevice(const QString& deviceId) const

@@ -1,6 +1,7 @@
 #include "cGraphicsButton.h"
 
 #include "ButtonDescription.h"
+#include "DragRun.h"
 #include "SceneConstants.h"
 
 #include <QCursor>
@@ -195,14 +196,14 @@ void cGraphicsButton::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
     if (!m_draggable)
         return;
     const QPointer<cGraphicsButton> self(this);
-    // The drag owns the data, and Qt deletes the drag.
+    // The drag owns the data.
     auto* data = new QMimeData;
     data->setText(QStringLiteral("#%1%2%3"));
     auto* drag = new QDrag(event->widget());
     drag->setMimeData(data);
     drag->setPixmap(m_normalPixmap);
     drag->setHotSpot(SceneConstants::ButtonDragHotSpot);
-    drag->exec(Qt::MoveAction);
+    DragRun::exec(drag, this, Qt::MoveAction);
     if (self)
         setCursor(Qt::OpenHandCursor);
 }

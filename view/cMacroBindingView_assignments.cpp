@@ -58,7 +58,7 @@ void cMacroBindingView::useGenericMacro(const QString& profileID, const Gkey& ke
 void cMacroBindingView::onUnassignAssignment(const QString& contextID)
 {
     // The sender may be the key itself, which the host can take down while it answers.
-    const QString id = contextID;
+    const QString id = contextID; // NOLINT(performance-unnecessary-copy-initialization)
     cProfileMgr().removeAssignment(m_profileId, m_deviceCategory, m_currentMState, id);
     const Gkey* const key = m_hotspots.value(id);
     if (key && key->cannotBeUnassignedFlag())
@@ -84,7 +84,7 @@ void cMacroBindingView::onEditAssignment(const QString& contextID)
 void cMacroBindingView::onUseDefaultForAllGkeys(const QString& profileID)
 {
     // The question runs the event loop, in which the sender of the argument may go.
-    const QString profile = profileID;
+    const QString profile = profileID; // NOLINT(performance-unnecessary-copy-initialization)
     if (!cMainUI().yesno(QObject::tr("Use Default"),
             QObject::tr(
                 "Are you sure you want to replace all your G-key assignments with default settings?")))
@@ -99,7 +99,7 @@ void cMacroBindingView::onUseDefaultForAllGkeys(const QString& profileID)
 
 void cMacroBindingView::onUseGenericForAllGkeys(const QString& profileID)
 {
-    const QString profile = profileID;
+    const QString profile = profileID; // NOLINT(performance-unnecessary-copy-initialization)
     if (!cMainUI().yesno(QObject::tr("Use Generic"),
             QObject::tr(
                 "Are you sure you want to replace all your G-key assignments with generic settings?")))
@@ -265,14 +265,16 @@ void cMacroBindingView::refreshAssignments()
 void cMacroBindingView::assignRequiredGenericMacros()
 {
     cProfileMgr profiles;
+    // The host may show another profile while it answers.
+    const QString profile = m_profileId;
     // What the keys get here is no change of the user's.
-    profiles.enableProfileBackup(m_profileId, false);
+    profiles.enableProfileBackup(profile, false);
     const auto keys = m_hotspots;
-    for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
-        if (it.value() && it.value()->isGenericRequired())
-            onUseGenericAssignment(it.key());
+    for (const Gkey* key : keys) {
+        if (key && key->isGenericRequired())
+            useGenericMacro(profile, *key);
     }
-    profiles.enableProfileBackup(m_profileId, true);
+    profiles.enableProfileBackup(profile, true);
 }
 
 void cMacroBindingView::clearLabels()

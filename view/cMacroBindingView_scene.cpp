@@ -19,7 +19,6 @@
 #include <QBitmap>
 #include <QBrush>
 #include <QDebug>
-#include <QDrag>
 #include <QFrame>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsRectItem>
@@ -122,17 +121,6 @@ void setLabelPlace(Gkey& key, const cJsonValue& control)
         key.setConnectLine(point(control, "assignment_label_line_x1", "assignment_label_line_y1"),
             point(control, "assignment_label_line_x2", "assignment_label_line_y2"));
     }
-}
-
-/// Ends a drag that has its source on the canvas. Qt would go on with it, and use it after the source had
-/// taken it along.
-void endDrags(const QWidget& canvas)
-{
-    const QList<QDrag*> drags = canvas.findChildren<QDrag*>();
-    for (QDrag* drag : drags)
-        drag->setParent(nullptr);
-    if (!drags.isEmpty())
-        QDrag::cancel();
 }
 
 } // namespace
@@ -287,8 +275,6 @@ void cMacroBindingView::onPopulatedMacros()
 
 void cMacroBindingView::removeScene()
 {
-    if (m_canvas)
-        endDrags(*m_canvas);
     clearLabels();
     for (QPointer<Gkey>& key : m_hotspots)
         delete key;

@@ -15,11 +15,13 @@
 #include <cMacroTypeMgrService.h>
 #include <cMainAppService.h>
 #include <cMainUIService.h>
+#include <CommandPlayer.h>
 #include <cProfileMgrService.h>
 #include <cProfilePrinter.h>
 #include <cProfilerService.h>
 #include <cProfilesToGoService.h>
 #include <cSettingsService.h>
+#include <DefaultInputSink.h>
 #include <EventNames.h>
 #include <FeatureViewController.h>
 #include <HelpKey.h>
@@ -110,6 +112,9 @@ void HostApplication::createProfileServices()
     m_printer = std::make_unique<cProfilePrinter>(*m_devices, *m_mainUI);
     m_profiles->setPrinter(m_printer.get());
     m_luaScripts = std::make_unique<cLuaScriptService>(m_paths.scriptRunner, *m_profiles);
+    m_player = std::make_unique<CommandPlayer>(
+        *m_profiles, *m_macroTypes, *m_luaScripts, std::make_shared<DefaultInputSink>());
+    m_profiler->setPlayer(m_player.get());
     m_profilesToGo = std::make_unique<cProfilesToGoService>(
         m_commandLine.dataFolder + QStringLiteral("/onboard"), *m_devices, *m_profiles);
     // Who holds the profiles holds all of the user's data.
@@ -185,7 +190,7 @@ void HostApplication::start()
 void HostApplication::startProfiles()
 {
     // Documents are read by the types of their commands.
-    if (!MacroTypes::registerAll(*m_macroTypes))
+    if (!MacroTypes::registerAll(*m_macroTypes, m_player->sink()))
         qCritical("Not all command types could be registered");
     m_profiles->load();
     IServiceMgr::instance()->registerService(m_profiles.get());

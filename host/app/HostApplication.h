@@ -21,6 +21,7 @@ class cProfileMgrService;
 class cProfilerService;
 class cProfilesToGoService;
 class cSettingsService;
+class CommandPlayer;
 class FeatureViewController;
 class MainWindow;
 class OnBoardWindow;
@@ -84,6 +85,7 @@ private:
     std::unique_ptr<cProfilePrinter> m_printer;
     std::unique_ptr<cProfileMgrService> m_profiles;
     std::unique_ptr<cLuaScriptService> m_luaScripts;
+    std::unique_ptr<CommandPlayer> m_player;
     std::unique_ptr<cProfilesToGoService> m_profilesToGo;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<OnBoardWindow> m_onBoardWindow;

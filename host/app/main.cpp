@@ -1,4 +1,5 @@
 #include "ApplicationLook.h"
+#include "EndSignals.h"
 #include "HostApplication.h"
 
 #include <QApplication>
@@ -43,5 +44,9 @@ int main(int argc, char** argv)
 
     HostApplication host(ApplicationPaths::ofExecutable(), commandLine);
     host.start();
+    // Nobody may be there to be asked; profiles and settings are saved by the end itself.
+    // way.
+    const EndSignals endSignals;
+    QObject::connect(&endSignals, SIGNAL(endAsked()), &application, SLOT(quit()));
     return QApplication::exec();
 }

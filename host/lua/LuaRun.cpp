@@ -37,20 +37,32 @@ LuaRun::~LuaRun()
     }
 }
 
-bool LuaRun::isAcceptable(const QString& script, QString* reason)
+bool LuaRun::isAcceptable(const QString& script, const ScriptCall& call, QString* reason)
 {
-    if (std::size_t(script.toUtf8().size()) <= RunnerLimits::ScriptSize)
-        return true;
-    *reason =
-        tr("The script is too large to be run: it may have %1 KB.").arg(RunnerLimits::ScriptSize / 1024);
-    return false;
+    const auto isWithin = [](const QString& text, std::size_t limit) {
+        return std::size_t(text.toUtf8().size()) <= limit;
+    };
+    if (!isWithin(script, RunnerLimits::ScriptSize)) {
+        *reason =
+            tr("The script is too large to be run: it may have %1 KB.").arg(RunnerLimits::ScriptSize / 1024);
+    } else if (!isWithin(call.function, RunnerLimits::CallSize)
+        || !isWithin(call.argument, RunnerLimits::CallSize)) {
+        *reason = tr("The script was not run: its function is called with more than %1 KB.")
+                      .arg(RunnerLimits::CallSize / 1024);
+    }
+    return reason->isEmpty();
 }
 
-void LuaRun::start(const QString& script, const QString& profileName)
+void LuaRun::start(const QString& script, const QString& profileName, const ScriptCall& call)
 {
     m_isRunning = true;
     m_timer.start();
-    m_process.start(m_runner, {profileName});
+    QStringList arguments {profileName};
+    if (!call.function.isEmpty())
+        arguments << call.function;
+    if (!call.argument.isEmpty())
+        arguments << call.argument;
+    m_process.start(m_runner, arguments);
     m_process.write(script.toUtf8());
     m_process.closeWriteChannel();
 }

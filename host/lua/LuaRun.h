@@ -8,6 +8,15 @@
 
 #include <memory>
 
+/// A function that is called once the script has run through.
+struct ScriptCall
+{
+    /// Its name, of one part or more that are joined by points; empty for none.
+    QString function;
+    /// Empty for none.
+    QString argument;
+};
+
 /// One run of a script, in a process of its own. It can be stopped at any moment, whatever the script does,
 /// and never holds up who started it.
 class LuaRun : public QObject
@@ -23,10 +32,10 @@ public:
     ~LuaRun() override;
 
     /// True if the script may be run, else why not, for people.
-    static bool isAcceptable(const QString& script, QString* reason);
+    static bool isAcceptable(const QString& script, const ScriptCall& call, QString* reason);
 
     /// Called once.
-    void start(const QString& script, const QString& profileName);
+    void start(const QString& script, const QString& profileName, const ScriptCall& call = {});
     bool isRunning() const { return m_isRunning; }
     void stop();
 

@@ -6,11 +6,13 @@
 namespace RunnerLimits {
 
 /// Largest script, in bytes.
-inline constexpr std::size_t ScriptSize = 1024 * 1024;
+inline constexpr std::size_t ScriptSize = std::size_t(1024) * 1024;
+/// Largest name and argument of a function that is called, in bytes each.
+inline constexpr std::size_t CallSize = std::size_t(64) * 1024;
 /// All that a script may hold at a time, in bytes.
-inline constexpr std::size_t Memory = 128 * 1024 * 1024;
+inline constexpr std::size_t Memory = std::size_t(128) * 1024 * 1024;
 /// All that a script may print, in bytes.
-inline constexpr std::size_t Output = 1024 * 1024;
+inline constexpr std::size_t Output = std::size_t(1024) * 1024;
 /// Longest run, in seconds.
 inline constexpr int Seconds = 10;
 

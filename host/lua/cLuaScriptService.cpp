@@ -92,18 +92,44 @@ void cLuaScriptService::refuse(const QString& profileID, const QString& reason)
 
 bool cLuaScriptService::run(const QString& profileID, const QString& script)
 {
+    return start(profileID, script, {});
+}
+
+bool cLuaScriptService::call(const QString& profileID, const QString& function, const QString& argument)
+{
+    const QString script = m_profiles.getProfileScript(profileID);
+    if (script.trimmed().isEmpty() && !m_profiles.getProfileByID(profileID).isNull()) {
+        refuse(profileID,
+            tr("The function %1 can't be called: %2 has no script.")
+                .arg(function, m_profiles.getProfileName(profileID)));
+        return false;
+    }
+    return start(profileID, script, {function, argument});
+}
+
+bool cLuaScriptService::abortCall()
+{
+    const bool isCalling = isRunning() && !m_calledFunction.isEmpty();
+    if (isCalling)
+        stop();
+    return isCalling;
+}
+
+bool cLuaScriptService::start(const QString& profileID, const QString& script, const ScriptCall& call)
+{
     QString reason;
     if (m_profiles.getProfileByID(profileID).isNull())
         reason = tr("The script was not run: its profile is not there any more.");
     else if (isRunning())
         reason = tr("The script was not run: another one is running.");
     else
-        LuaRun::isAcceptable(script, &reason);
+        LuaRun::isAcceptable(script, call, &reason);
     if (!reason.isEmpty()) {
         refuse(profileID, reason);
         return false;
     }
     m_runningProfile = profileID;
+    m_calledFunction = call.function;
     m_run = std::make_unique<LuaRun>(m_runner);
     connect(m_run.get(), SIGNAL(printed(QString)), this, SLOT(onPrinted(QString)));
     connect(m_run.get(), SIGNAL(ended()), this, SLOT(onEnded()));
@@ -113,7 +139,7 @@ bool cLuaScriptService::run(const QString& profileID, const QString& script)
     }
     if (ScriptWindow* shown = editor(profileID))
         shown->beginRun();
-    m_run->start(script, m_profiles.getProfileName(profileID));
+    m_run->start(script, m_profiles.getProfileName(profileID), call);
     return true;
 }
 

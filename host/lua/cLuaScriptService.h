@@ -3,6 +3,7 @@
 #include "ScriptWindow.h"
 
 #include <ILuaScript.h>
+#include <IScriptCaller.h>
 
 #include <QPointer>
 #include <QString>
@@ -10,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+struct ScriptCall;
 class IHostWindow;
 class IProfileMgr;
 class LuaRun;
@@ -18,7 +20,7 @@ class LuaRun;
 ///
 /// A profile has one editor window at most. One script runs at a time, in a process of its own, with the
 /// libraries that reach no file and no other program, and with limits on time, memory and output.
-class cLuaScriptService : public ILuaScript
+class cLuaScriptService : public ILuaScript, public IScriptCaller
 {
     Q_OBJECT
     Q_CLASSINFO("service", "LuaScript.LuaScript")
@@ -42,6 +44,10 @@ public:
     bool run(const QString& profileID, const QString& script) override;
     void stop() override;
 
+    /// Runs the script that is kept with the profile and then the function.
+    bool call(const QString& profileID, const QString& function, const QString& argument) override;
+    bool abortCall() override;
+
 Q_SIGNALS:
     /// Something that the user has to know, in words.
     void problem(const QString& text);
@@ -53,6 +59,7 @@ private Q_SLOTS:
 
 private:
     void closeEditors();
+    bool start(const QString& profileID, const QString& script, const ScriptCall& call);
     void refuse(const QString& profileID, const QString& reason);
     QString endText() const;
 
@@ -62,4 +69,6 @@ private:
     std::vector<QPointer<ScriptWindow>> m_editors;
     std::unique_ptr<LuaRun> m_run;
     QString m_runningProfile;
+    /// The function that the running script was called for; empty if the user runs it.
+    QString m_calledFunction;
 };

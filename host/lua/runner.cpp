@@ -1,5 +1,6 @@
 // Runs one Lua script in a process of its own, which whoever started it can end at any moment, whatever the
-// script does. The script comes on the standard input, the name of its profile as the argument.
+// script does. The script comes on the standard input, the name of its profile as the first argument. A
+// second one names a function that is called once the script has run through, with the third as its argument.
 //
 // Errors in Lua leave functions by longjmp, so functions that Lua calls hold nothing that has a destructor.
 #include "RunnerLimits.h"
@@ -116,7 +117,28 @@ struct Job
 {
     const std::vector<char>* script = nullptr;
     const char* profileName = "";
+    /// Null for none.
+    const char* function = nullptr;
+    const char* argument = nullptr;
 };
+
+/// Leaves the function of that name on the stack; the parts of the name are joined by points.
+void pushFunction(lua_State* lua, const char* name)
+{
+    lua_pushglobaltable(lua);
+    for (const char* part = name; part;) {
+        const char* const point = std::strchr(part, '.');
+        if (!lua_istable(lua, -1))
+            break;
+        lua_pushlstring(lua, part, point ? std::size_t(point - part) : std::strlen(part));
+        lua_gettable(lua, -2);
+        part = point ? point + 1 : nullptr;
+        if (!part && lua_isfunction(lua, -1))
+            return;
+    }
+    lua_pushfstring(lua, "The script has no function %s, or it is a local one.", name);
+    lua_error(lua);
+}
 
 int runJob(lua_State* lua)
 {
@@ -133,6 +155,12 @@ int runJob(lua_State* lua)
         return lua_error(lua);
     lua_sethook(lua, lookAtClock, LUA_MASKCOUNT, InstructionsPerLook);
     lua_call(lua, 0, 0);
+    if (!job->function)
+        return 0;
+    pushFunction(lua, job->function);
+    if (job->argument)
+        lua_pushstring(lua, job->argument);
+    lua_call(lua, job->argument ? 1 : 0, 0);
     return 0;
 }
 
@@ -161,7 +189,7 @@ int main(int argc, char** argv)
     lua_State* const lua = lua_newstate(allocate, nullptr);
     if (!lua)
         return RunnerLimits::Failed;
-    Job job {&script, argc > 1 ? argv[1] : ""};
+    Job job {&script, argc > 1 ? argv[1] : "", argc > 2 ? argv[2] : nullptr, argc > 3 ? argv[3] : nullptr};
     lua_pushcfunction(lua, runJob);
     lua_pushlightuserdata(lua, &job);
     const bool isDone = lua_pcall(lua, 1, 0, 0) == LUA_OK;

@@ -76,7 +76,7 @@ public:
 class ScriptInput
 {
 public:
-    /// A function of the current profile's script.
+    /// A function of the script of the command's profile.
     QString function;
     QString argument;
 };

@@ -190,6 +190,8 @@ void cProfilesToGoService::onJobFinished()
     takeContents(device, device.isConnected ? contents : DeviceMemory::Contents());
     if (ended == Activity::Reading && device.isConnected && !isFailed)
         adoptUnknown(device);
+    if (device.isConnected && !isFailed)
+        forgetRemoved(device);
     IServiceMgr::instance()->publish(
         EventSources::ProfilesToGo, Events::ProfilesToGoDeviceIdle, Q_ARG(QString, device.id));
     // Listeners take a device that has come to rest for one that has everything.
@@ -201,8 +203,27 @@ void cProfilesToGoService::onJobFinished()
         startReading(device);
     else if (std::exchange(device.commitAgain, false))
         commitDevice(device.id);
-    else if (ended == Activity::Reading && device.isConnected)
+    else if (device.isConnected && (ended == Activity::Reading || !device.deleted.ids().isEmpty()))
         commit(device, true);
+}
+
+void cProfilesToGoService::forgetRemoved(Device& device)
+{
+    if (m_profiles.isReadOnly())
+        return;
+    const auto isStillToGo = [&](const QString& id) {
+        return storedProfile(device, id) && m_profiles.getProfileByID(id).isNull();
+    };
+    tellUnsaved(device, device.deleted.forgetUnless(isStillToGo));
+}
+
+void cProfilesToGoService::tellUnsaved(const Device& device, const QString& error)
+{
+    if (!error.isEmpty()) {
+        Q_EMIT problem(
+            tr("What was deleted of %1 can't be written down: %2. It may come back after a restart.")
+                .arg(device.name, error));
+    }
 }
 
 void cProfilesToGoService::takeContents(Device& device, const DeviceMemory::Contents& contents)
@@ -385,8 +406,11 @@ void cProfilesToGoService::onProfileDeleted(const QString& profileID)
 {
     for (const auto& device : m_devices) {
         const bool isStored = storedProfile(*device, profileID);
+        const bool isBusy = device->activity != Activity::None;
         device->known.insert(profileID.toUpper());
-        if (isStored && device->activity == Activity::None)
+        if (!m_profiles.isReadOnly() && (isStored || isBusy || !device->isConnected))
+            tellUnsaved(*device, device->deleted.add(profileID));
+        if (isStored && !isBusy)
             commit(*device, true);
     }
 }

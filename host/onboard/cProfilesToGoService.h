@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DeletedProfiles.h"
 #include "DeviceMemory.h"
 
 #include <IDeviceCopies.h>
@@ -117,6 +118,8 @@ private:
             : id(deviceId)
             , name(deviceName)
             , memory(deviceMemory)
+            , deleted(deviceMemory.folder() + QStringLiteral(".deleted"))
+            , known(deleted.ids())
         { }
 
         QString id;
@@ -128,8 +131,9 @@ private:
         /// True if the device was plugged in or pulled out during the present activity.
         bool wasReplaced = false;
         std::vector<Stored> stored;
-        /// Ids in capitals of profiles that were bound to the device since the start. One of them that is
-        /// gone was deleted by the user.
+        DeletedProfiles deleted;
+        /// Ids in capitals of profiles that were bound to the device since the start, or deleted before it.
+        /// One of them that is gone was deleted by the user.
         QSet<QString> known;
         QFutureWatcher<DeviceMemory::Contents> watcher;
     };
@@ -147,6 +151,8 @@ private:
     void takeContents(Device& device, const DeviceMemory::Contents& contents);
     Stored examined(const Device& device, const DeviceMemory::Document& document) const;
     void adoptUnknown(Device& device);
+    void forgetRemoved(Device& device);
+    void tellUnsaved(const Device& device, const QString& error);
     QByteArray documentOf(const QString& profileId) const;
     static const Stored* storedProfile(const Device& device, const QString& profileId);
     bool isAnyBusy() const;

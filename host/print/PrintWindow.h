@@ -15,7 +15,7 @@ class PrintWindow : public QDialog
     Q_OBJECT
 
 public:
-    PrintWindow(const KeySheet& sheet, QWidget* parent = nullptr);
+    explicit PrintWindow(const KeySheet& sheet, QWidget* parent = nullptr);
 
     /// Writes the sheet as a PDF document; the reason if that failed, for people.
     QString savePdf(const QString& path);

@@ -28,7 +28,7 @@ constexpr qint64 MaxManifestSize = qint64(4) * 1024 * 1024;
 
 constexpr const char* ReasonKeys[] = {"daily", "import", "deletion", "upgrade", "restore"};
 
-QString translated(const char* text)
+QString backupText(const char* text)
 {
     return QCoreApplication::translate("ProfileBackups", text);
 }
@@ -47,7 +47,7 @@ std::optional<QByteArray> readWhole(const QString& path, qint64 maxSize, QString
         return std::nullopt;
     }
     if (file.size() > maxSize) {
-        error = translated("it is larger than %1 MB").arg(maxSize / 1024 / 1024);
+        error = backupText("it is larger than %1 MB").arg(maxSize / 1024 / 1024);
         return std::nullopt;
     }
     QByteArray content = file.readAll();
@@ -85,15 +85,15 @@ QString ProfileBackups::text(Reason reason)
 {
     switch (reason) {
     case Reason::Daily:
-        return translated("Daily");
+        return backupText("Daily");
     case Reason::Import:
-        return translated("Before an import");
+        return backupText("Before an import");
     case Reason::Deletion:
-        return translated("Before a deletion");
+        return backupText("Before a deletion");
     case Reason::Upgrade:
-        return translated("Before an upgrade");
+        return backupText("Before an upgrade");
     case Reason::Restore:
-        return translated("Before a restore");
+        return backupText("Before a restore");
     }
     return QString();
 }
@@ -117,7 +117,7 @@ QString ProfileBackups::make(Reason reason, const QString& note)
     // Of a process that ended in the middle.
     QDir(unfinished).removeRecursively();
     if (!QDir().mkpath(unfinished))
-        return translated("the folder %1 can't be written to").arg(QDir::toNativeSeparators(m_folder));
+        return backupText("the folder %1 can't be written to").arg(QDir::toNativeSeparators(m_folder));
     const QString error = fill(unfinished, reason, note);
     if (!error.isEmpty()) {
         QDir(unfinished).removeRecursively();
@@ -129,7 +129,7 @@ QString ProfileBackups::make(Reason reason, const QString& note)
         name = QStringLiteral("%1-%2").arg(stem).arg(i);
     if (!QDir().rename(unfinished, path(name))) {
         QDir(unfinished).removeRecursively();
-        return translated("the folder %1 can't be written to").arg(QDir::toNativeSeparators(m_folder));
+        return backupText("the folder %1 can't be written to").arg(QDir::toNativeSeparators(m_folder));
     }
     removeOld();
     return QString();
@@ -149,12 +149,12 @@ QString ProfileBackups::fill(const QString& target, Reason reason, const QString
         const std::optional<QByteArray> content =
             readWhole(source.filePath(name), ProfileDocument::MaxSize, error);
         if (!content)
-            return translated("%1: %2").arg(name, error);
+            return backupText("%1: %2").arg(name, error);
         const QString digest = digestOf(*content);
         const QString copy = target + QLatin1Char('/') + name;
         const bool isShared = last.contains(digest) && share(last[digest], copy);
         if (!isShared && !WholeFile::write(copy, *content, &error))
-            return translated("%1: %2").arg(name, error);
+            return backupText("%1: %2").arg(name, error);
         cJsonValue document;
         document["name"] = name;
         document["size"] = content->size();
@@ -206,7 +206,7 @@ ProfileBackups::Manifest ProfileBackups::readManifest(const QString& name) const
         readWhole(path(name) + QLatin1Char('/') + ManifestName, MaxManifestSize, error);
     cJsonValue content;
     if (!text || !HVS::fromJsonText(*text, content, &error)) {
-        backup.problem = translated("its list of contents can't be read");
+        backup.problem = backupText("its list of contents can't be read");
         return manifest;
     }
     const cJsonValue& record = content;
@@ -214,10 +214,10 @@ ProfileBackups::Manifest ProfileBackups::readManifest(const QString& name) const
     const auto* const reason =
         std::find(std::begin(ReasonKeys), std::end(ReasonKeys), record["reason"].toString());
     if (record["version"].toInt() > ManifestVersion)
-        backup.problem = translated("a newer version of this application made it");
+        backup.problem = backupText("a newer version of this application made it");
     else if (record["version"].toInt() < 1 || !time.isValid() || reason == std::end(ReasonKeys)
         || !record["documents"].isArray())
-        backup.problem = translated("its list of contents is damaged");
+        backup.problem = backupText("its list of contents is damaged");
     if (!backup.problem.isEmpty())
         return manifest;
     backup.time = time;
@@ -229,7 +229,7 @@ ProfileBackups::Manifest ProfileBackups::readManifest(const QString& name) const
         const QString file = document["name"].toString();
         // A manifest that somebody made up must not lead out of the backup.
         if (file.isEmpty() || file != QFileInfo(file).fileName() || !file.endsWith(QLatin1String(".xml"))) {
-            backup.problem = translated("its list of contents is damaged");
+            backup.problem = backupText("its list of contents is damaged");
             manifest.documents.clear();
             return manifest;
         }
@@ -300,14 +300,14 @@ ProfileBackups::Entry ProfileBackups::readEntry(const QString& path, const Docum
     if (!content)
         return entry;
     if (expected && digestOf(*content) != expected->digest) {
-        entry.problem = translated("it is not what the backup was made of");
+        entry.problem = backupText("it is not what the backup was made of");
         return entry;
     }
     ProfileDocument::ReadResult result = ProfileDocument::read(*content, m_types);
     if (!result.error.isEmpty())
         entry.problem = result.error;
     else if (result.profiles.size() != 1 || result.profiles.front().uid().isEmpty())
-        entry.problem = translated("it does not hold one profile");
+        entry.problem = backupText("it does not hold one profile");
     else
         entry.profile = std::move(result.profiles.front());
     return entry;

@@ -2,6 +2,7 @@
 
 #include <cMacroBindingView.h>
 #include <cMacroItem.h>
+#include <ShownInView.h>
 
 #include <QImage>
 #include <QMetaMethod>
@@ -11,42 +12,11 @@
 
 using namespace CommandSupport;
 
-namespace {
-
-// What the view shows is set by the road through a whole scene, of which these tests need nothing. An
-// explicit instantiation may name private members, which is how they get at the three.
-template<typename Tag, typename Tag::Member member>
-struct Opened
-{
-    friend typename Tag::Member open(Tag) { return member; }
-};
-struct ProfileId
-{
-    using Member = QString cMacroBindingView::*;
-    friend Member open(ProfileId);
-};
-struct DeviceCategory
-{
-    using Member = QString cMacroBindingView::*;
-    friend Member open(DeviceCategory);
-};
-struct ControlIds
-{
-    using Member = QStringList cMacroBindingView::*;
-    friend Member open(ControlIds);
-};
-template struct Opened<ProfileId, &cMacroBindingView::m_profileId>;
-template struct Opened<DeviceCategory, &cMacroBindingView::m_deviceCategory>;
-template struct Opened<ControlIds, &cMacroBindingView::m_controlIds>;
-
-} // namespace
-
 void CommandSupport::show(const QString& profileID, const QString& category, const QStringList& controls)
 {
     cMacroBindingView& view = *cMacroBindingView::instance();
-    view.*open(ProfileId()) = profileID;
-    view.*open(DeviceCategory()) = category;
-    view.*open(ControlIds()) = controls;
+    setShownInView(view, profileID, category, MKey::M1);
+    setControlsOfView(view, controls);
 }
 
 FakeType::FakeType(const QString& uid, const QString& iconPath, bool isPrivate)

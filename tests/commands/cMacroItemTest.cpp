@@ -3,6 +3,7 @@
 #include <cClickableLabel.h>
 #include <cMacroItem.h>
 #include <MetaMembers.h>
+#include <MethodText.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 
@@ -111,11 +112,13 @@ class cMacroItemTest : public TestCase
 
 private Q_SLOTS:
     void hasItsMembersInOrder();
+    void parametersBearTheirNames();
     void constructionAsksTheHost();
     void constructionMakesTheRow();
     void rowWithoutTypeHasNoIcon_data();
     void rowWithoutTypeHasNoIcon();
     void firstMatchingTypeEndsTheWalk();
+    void missingTypesArePassedOver();
     void nameIsNoMarkup();
     void longNameEndsInDots();
     void picturesShowTheState_data();
@@ -149,6 +152,14 @@ void cMacroItemTest::hasItsMembersInOrder()
             "dragStart(cJsonValue)", "hoverIn()", "hoverOut()", "nameChanged(QString)"}));
     QCOMPARE(MetaMembers::slotsOf(meta), QStringList({"contextMenuIconClicked(QPoint)"}));
     QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
+}
+
+void cMacroItemTest::parametersBearTheirNames()
+{
+    const QStringList all = methodTexts(cMacroItem::staticMetaObject);
+    for (const char* text :
+        {"macroDoubleClicked(cJsonValue macro)", "dragStart(cJsonValue macro)", "nameChanged(QString name)"})
+        QVERIFY2(all.contains(text), text);
 }
 
 void cMacroItemTest::constructionAsksTheHost()
@@ -215,6 +226,14 @@ void cMacroItemTest::firstMatchingTypeEndsTheWalk()
     Stage stage;
     stage.panel.types.append(
         cMacroTypePtr(new FakeType(Keys, stage.pictures.add("late.png", filledPicture(5, 5, Qt::blue)))));
+    stage.make(macro("{1}", "Jump"));
+    QCOMPARE(stage.iconSize(), QSize(28, 28));
+}
+
+void cMacroItemTest::missingTypesArePassedOver()
+{
+    Stage stage;
+    stage.panel.types.prepend(cMacroTypePtr());
     stage.make(macro("{1}", "Jump"));
     QCOMPARE(stage.iconSize(), QSize(28, 28));
 }

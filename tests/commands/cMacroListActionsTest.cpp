@@ -67,6 +67,8 @@ private Q_SLOTS:
     void deletionBearsTheEventsOfItsCalls();
     void deletionAfterAProfileSwitchDuringTheQuestion();
     void listMayGoDuringTheQuestion();
+    void listMayGoWhileACommandIsEdited_data();
+    void listMayGoWhileACommandIsEdited();
     void failedDeletionIsWrittenOnly();
     void menuHasItsEntries_data();
     void menuHasItsEntries();
@@ -233,6 +235,32 @@ void cMacroListActionsTest::deletionAfterAProfileSwitchDuringTheQuestion()
     panel.list->deleteSelectedMacros();
     // What was selected is gone, and nothing of the other profile is touched.
     QCOMPARE(briefly(panel.host), QStringList({"yesno", "macros"}));
+}
+
+void cMacroListActionsTest::listMayGoWhileACommandIsEdited_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("return") << true;
+    QTest::newRow("double click") << false;
+}
+
+void cMacroListActionsTest::listMayGoWhileACommandIsEdited()
+{
+    QFETCH(bool, byKey);
+    Panel panel;
+    panel.fillNames({"a", "b"});
+    panel.select({0});
+    // An editor that opens within the signal runs an event loop.
+    panel.signalLog->onLine = [&panel](const QString& line) {
+        if (line.startsWith("editMacro"))
+            panel.list.reset();
+    };
+    if (byKey)
+        QTest::keyClick(panel.list.get(), Qt::Key_Return);
+    else
+        QVERIFY(QMetaObject::invokeMethod(
+            panel.list.get(), "macroEditIconClicked", Q_ARG(cJsonValue, macro("{1}", "a"))));
+    QVERIFY(!panel.list);
 }
 
 void cMacroListActionsTest::listMayGoDuringTheQuestion()

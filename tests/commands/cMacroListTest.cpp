@@ -19,6 +19,7 @@ class cMacroListTest : public TestCase
 
 private Q_SLOTS:
     void hasItsMembersInOrder();
+    void parametersBearTheirNames();
     void handlersBearTheNamesOfTheirEvents_data();
     void handlersBearTheNamesOfTheirEvents();
     void constructionSubscribesAndFillsNothing();
@@ -59,6 +60,16 @@ void cMacroListTest::hasItsMembersInOrder()
             "onAssignmentRemoved(QString profileID, QString deviceModel, MKey::MKey_t mode, QString "
             "contextID, QString macroID)",
             "onProfileSelectionChanged(QString profileID)"}));
+}
+
+void cMacroListTest::parametersBearTheirNames()
+{
+    const QStringList all = methodTexts(cMacroList::staticMetaObject);
+    for (const char* text : {"MacroSelected(cJsonValue macro)", "MacroUnSelected(cJsonValue macro)",
+             "editMacro(cJsonValue macro)", "singleMacroStartDrag(cJsonValue macro)",
+             "macroItemDblClicked(cListWidgetItem* pItem)", "MacroStartDrag(cJsonValue macro)",
+             "macroEditIconClicked(cJsonValue macro)", "onSearch(QString name)"})
+        QVERIFY2(all.contains(text), text);
 }
 
 void cMacroListTest::handlersBearTheNamesOfTheirEvents_data()

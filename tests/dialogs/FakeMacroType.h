@@ -26,7 +26,11 @@ public:
     bool onCancel() override;
     void onHelp() override;
     void onClearForm() override;
-    bool canAddMacro() override { return isFilled; }
+    bool canAddMacro() override
+    {
+        ++timesAsked;
+        return isFilled;
+    }
 
     /// As if the user had changed the form.
     void propose(const QString& name) { emit nameChanged(name); }
@@ -39,6 +43,8 @@ public:
     bool isRight = true;
     bool canBeLeft = true;
     bool isFilled = true;
+    /// How often it was asked whether it is filled.
+    int timesAsked = 0;
     /// As if the host took the form away while a message stands.
     bool goesDuringCheck = false;
 

@@ -2,6 +2,7 @@
 
 #include <FixedIds.h>
 #include <MetaMembers.h>
+#include <MethodText.h>
 #include <ServiceNames.h>
 
 #include <QBoxLayout>
@@ -17,6 +18,7 @@ class cMacroEditPageTest : public CommandEditorTestCase
 
 private Q_SLOTS:
     void hasItsMembers();
+    void parametersBearTheirNames();
     void newPageStartsEmpty();
     void editPageShowsTheRecord();
     void onlyTheFormOfTheRecordsTypeGetsTheRecord_data();
@@ -37,6 +39,7 @@ private Q_SLOTS:
 
     void nameAndFormDecideWhatCanBeSaved_data();
     void nameAndFormDecideWhatCanBeSaved();
+    void formIsNotAskedWithoutAName();
     void proposalOfAFormBecomesTheName();
     void eachKeystrokeCounts();
 
@@ -84,6 +87,15 @@ void cMacroEditPageTest::hasItsMembers()
     QCOMPARE(MetaMembers::slotsOf(type),
         QStringList({"macroEditPageNameChanged(QString)", "macroNameChanged(QString)", "ok()", "cancel()",
             "add()", "onHelp()", "onRepeatOptionChanged(int)"}));
+}
+
+void cMacroEditPageTest::parametersBearTheirNames()
+{
+    const QStringList all = methodTexts(cMacroEditPage::staticMetaObject);
+    for (const char* text : {"accepted(int result)", "rejected(int result)",
+             "macroEditorClosed(QString macroID)", "macroEditPageNameChanged(QString name)",
+             "macroNameChanged(QString name)", "onRepeatOptionChanged(int optionIdx)"})
+        QVERIFY2(all.contains(text), text);
 }
 
 void cMacroEditPageTest::newPageStartsEmpty()
@@ -368,6 +380,16 @@ void cMacroEditPageTest::nameAndFormDecideWhatCanBeSaved()
     keys().form->isFilled = isFilled;
     name().setText(newName);
     QCOMPARE(this->savers(), savers);
+}
+
+void cMacroEditPageTest::formIsNotAskedWithoutAName()
+{
+    openPage();
+    keys().form->timesAsked = 0;
+    page().macroNameChanged(QString());
+    QCOMPARE(keys().form->timesAsked, 0);
+    name().setText("a");
+    QVERIFY(keys().form->timesAsked > 0);
 }
 
 void cMacroEditPageTest::proposalOfAFormBecomesTheName()

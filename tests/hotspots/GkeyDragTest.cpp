@@ -8,6 +8,7 @@
 #include <QDrag>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
+#include <QPointer>
 #include <QTimer>
 
 using namespace KeySupport;
@@ -23,9 +24,8 @@ class DragWatch : public QObject
     Q_OBJECT
 
 public:
-    explicit DragWatch(QWidget& source, const std::function<void(QDrag&)>& look = nullptr)
-        : m_source(source)
-        , m_look(look)
+    explicit DragWatch(const std::function<void(QDrag&)>& look = nullptr)
+        : m_look(look)
     {
         connect(&m_timer, SIGNAL(timeout()), SLOT(onTimeout()));
         m_timer.start(5);
@@ -35,7 +35,7 @@ public:
 private Q_SLOTS:
     void onTimeout()
     {
-        auto* drag = m_source.findChild<QDrag*>();
+        auto* drag = qApp->findChild<QDrag*>();
         if (!drag)
             return;
         m_timer.stop();
@@ -46,7 +46,6 @@ private Q_SLOTS:
     }
 
 private:
-    QWidget& m_source;
     std::function<void(QDrag&)> m_look;
     QTimer m_timer;
     bool m_hasSeen = false;
@@ -89,6 +88,7 @@ private Q_SLOTS:
     void dragCarriesTheAssignmentAndNothingElse();
     void dragStartsFromTheLabelToo();
     void cancelledDragLeavesTheAssignment();
+    void canvasMayGoDuringTheDrag();
 };
 
 void GkeyDragTest::moveStartsADragFromSomeDistance_data()
@@ -112,7 +112,7 @@ void GkeyDragTest::moveStartsADragFromSomeDistance()
     KeyScene on;
     on.showWindow();
     on.setMacro(Command);
-    const DragWatch watch(on.window);
+    const DragWatch watch;
     drag(*on.key, way, on.window);
     QCOMPARE(watch.hasSeen(), starts);
     QCOMPARE(on.takeLog().contains(R"(assignmentStartDrag("{1}"))"), starts);
@@ -139,7 +139,7 @@ void GkeyDragTest::whatCanNotBeDraggedStays()
     on.setMacro(Command);
     send(*on.key, QEvent::GraphicsSceneMousePress, PressPlace, on.window);
     on.setMacro(macroID, isHidden);
-    const DragWatch watch(on.window);
+    const DragWatch watch;
     drag(*on.key, farEnough(), on.window);
     drag(*on.label, farEnough(), on.window);
     QVERIFY(!watch.hasSeen());
@@ -151,7 +151,7 @@ void GkeyDragTest::moveWithoutAPressStartsNoDrag()
     KeyScene on;
     on.showWindow();
     on.setMacro(Command);
-    const DragWatch watch(on.window);
+    const DragWatch watch;
     send(*on.key, QEvent::GraphicsSceneMouseMove, PressPlace, on.window);
     QVERIFY(!watch.hasSeen());
     QCOMPARE(on.takeLog(), QStringList());
@@ -162,7 +162,7 @@ void GkeyDragTest::dragCarriesTheAssignmentAndNothingElse()
     KeyScene on;
     on.showWindow();
     on.setMacro(Command);
-    const DragWatch watch(on.window, [&](QDrag& drag) {
+    const DragWatch watch([&](QDrag& drag) {
         QCOMPARE(drag.mimeData()->formats(), QStringList(DragFormats::Assignment));
         const DragFormats::AssignmentIds ids = DragFormats::assignment(*drag.mimeData());
         QCOMPARE(ids.macroID, Command);
@@ -183,7 +183,7 @@ void GkeyDragTest::dragStartsFromTheLabelToo()
     KeyScene on;
     on.showWindow();
     on.setMacro(Command);
-    const DragWatch watch(on.window);
+    const DragWatch watch;
     drag(*on.label, farEnough(), on.window);
     QVERIFY(watch.hasSeen());
 }
@@ -196,13 +196,33 @@ void GkeyDragTest::cancelledDragLeavesTheAssignment()
     QGraphicsSceneHoverEvent hover(QEvent::GraphicsSceneHoverEnter);
     on.scene.sendEvent(on.key, &hover);
     on.takeLog();
-    const DragWatch watch(on.window);
+    const DragWatch watch;
     drag(*on.key, farEnough(), on.window);
     QVERIFY(watch.hasSeen());
     QCOMPARE(on.takeLog(),
         QStringList({R"(clicked("G7"))", R"(assignmentStartDrag("{1}"))", "assignmentEndDrag()"}));
     QVERIFY(on.key->isLit());
     QCOMPARE(on.key->cursor().shape(), Qt::OpenHandCursor);
+}
+
+void GkeyDragTest::canvasMayGoDuringTheDrag()
+{
+    KeyScene on;
+    on.showWindow();
+    on.setMacro(Command);
+    auto* const canvas = new QWidget(&on.window);
+    bool isDeleted = false;
+    const DragWatch watch([&](QDrag& drag) {
+        const QPointer<QDrag> running(&drag);
+        delete canvas;
+        isDeleted = true;
+        QVERIFY(running);
+    });
+    drag(*on.key, farEnough(), *canvas);
+    QVERIFY(isDeleted);
+    QCOMPARE(
+        on.takeLog().filter("Drag"), QStringList({R"(assignmentStartDrag("{1}"))", "assignmentEndDrag()"}));
+    QCOMPARE(on.key->macroID(), Command);
 }
 
 VELTRANO_TEST_MAIN(GkeyDragTest)

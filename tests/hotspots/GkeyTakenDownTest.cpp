@@ -123,6 +123,7 @@ private Q_SLOTS:
     void betweenItsMenuAndTheEditor_data() { addEventRows(); }
     void betweenItsMenuAndTheEditor();
     void withTheWindowWhileItsMenuIsOpen();
+    void withTheWindowWhileTheEditorIsOpen();
     void whileTheEditorOfAPressIsOpen_data() { addEventRows(); }
     void whileTheEditorOfAPressIsOpen();
     void whileTheEditorOfADoubleClickIsOpen_data() { addEventRows(); }
@@ -217,6 +218,18 @@ void GkeyTakenDownTest::betweenItsMenuAndTheEditor()
         QCOMPARE(dialogDriver.hasRun(), on.key && macroID.isEmpty());
         QCOMPARE(on.takeLog().contains(R"(edit("G7"))"), on.key && !macroID.isEmpty());
     }
+}
+
+void GkeyTakenDownTest::withTheWindowWhileTheEditorIsOpen()
+{
+    KeyScene on;
+    auto window = std::make_unique<QWidget>();
+    on.host.answer("window", window.get());
+    const DialogDriver driver([&](QDialog&) { window.reset(); });
+    on.key->onAddNewMacro();
+    QVERIFY(driver.hasRun());
+    QVERIFY(!window);
+    goOn(on);
 }
 
 void GkeyTakenDownTest::withTheWindowWhileItsMenuIsOpen()
@@ -385,7 +398,7 @@ void GkeyTakenDownTest::duringADrag()
         };
         QTimer timer;
         connect(&timer, &QTimer::timeout, this, [&] {
-            if (!on.window.findChild<QDrag*>())
+            if (!qApp->findChild<QDrag*>())
                 return;
             timer.stop();
             if (when.isEmpty())

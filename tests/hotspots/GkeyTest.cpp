@@ -2,6 +2,7 @@
 
 #include <cGraphicsButton.h>
 #include <MetaMembers.h>
+#include <MethodText.h>
 #include <SceneEvents.h>
 #include <ServiceNames.h>
 #include <TestCase.h>
@@ -23,6 +24,7 @@ class GkeyTest : public TestCase
 
 private Q_SLOTS:
     void signalsAndSlotsStandInTheirOrder();
+    void parametersBearTheirNames();
     void startsEmpty();
     void storesWhatTheViewGives();
     void childrenAreMadeHidden();
@@ -51,6 +53,16 @@ void GkeyTest::signalsAndSlotsStandInTheirOrder()
         QStringList({"onEditMacro()", "onUseDefault()", "onUseGeneric()", "onUnassign()", "onAssignMouse()",
             "onAssignJoystick()", "onUnassignMouse()", "onUnassignJoystick()",
             "onClickedContextButton(QPoint)", "onAddNewMacro()", "onMacroEditorClosed(QString)"}));
+}
+
+void GkeyTest::parametersBearTheirNames()
+{
+    const QStringList all = methodTexts(Gkey::staticMetaObject);
+    for (const char* text : {"clicked(QString id)", "showTooltip(QPointF pt, QString tip)",
+             "macroDropped(QString macroID, QString contextID)", "edit(QString contextID)",
+             "useGeneric(QString contextID)", "unassign(QString contextID)", "macroMoved(QString contextID)",
+             "useDefault(QString contextID)", "onMacroEditorClosed(QString macroID)"})
+        QVERIFY2(all.contains(text), text);
 }
 
 void GkeyTest::startsEmpty()

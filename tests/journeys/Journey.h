@@ -66,6 +66,8 @@ public:
 
     /// Waits until the application has ended; false if it does not.
     bool waitForEnd();
+    /// As the end of a session does.
+    void askToEnd() { m_process.terminate(); }
     int exitCode() const { return m_process.exitCode(); }
     bool hasCrashed() const { return m_process.exitStatus() != QProcess::NormalExit; }
     /// All that it wrote to its standard error.

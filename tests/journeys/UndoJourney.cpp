@@ -29,6 +29,8 @@ class UndoJourney : public TestCase
 private Q_SLOTS:
     void importIsUndoneRedoneAndBroughtBack();
     void deletedProfileComesBackInTheView();
+    void changeOfTheLastMomentSurvivesTheEndOfTheSession_data();
+    void changeOfTheLastMomentSurvivesTheEndOfTheSession();
 
 private:
     static QString writeProfile(const Journey& journey);
@@ -141,6 +143,42 @@ void UndoJourney::deletedProfileComesBackInTheView()
     QVERIFY(journey.waitForEnd());
     QVERIFY(!journey.hasCrashed());
     QCOMPARE(journey.exitCode(), 0);
+}
+
+void UndoJourney::changeOfTheLastMomentSurvivesTheEndOfTheSession_data()
+{
+    QTest::addColumn<QString>("open");
+    QTest::newRow("nothing is open") << QString();
+    QTest::newRow("a dialog is open") << "Backups";
+}
+
+void UndoJourney::changeOfTheLastMomentSurvivesTheEndOfTheSession()
+{
+    QFETCH(QString, open);
+    Journey journey;
+    QVERIFY(journey.isRunning());
+    journey.key("ctrl+i");
+    QVERIFY(journey.waitForWindow("Import Profiles"));
+    journey.type(writeProfile(journey));
+    journey.key("Return");
+    QVERIFY(journey.waitForWindow("Profiles to Import"));
+    journey.key("Return");
+    QTRY_VERIFY(QFile::exists(stored(journey)));
+    journey.key("ctrl+z");
+    QTRY_VERIFY(!QFile::exists(stored(journey)));
+    if (!open.isEmpty()) {
+        journey.key("ctrl+b");
+        QVERIFY(journey.waitForWindow(open));
+    } else {
+        // Half a second before it is written in any case.
+        journey.key("ctrl+shift+z");
+    }
+    journey.askToEnd();
+    QVERIFY(journey.waitForEnd());
+    QVERIFY(!journey.hasCrashed());
+    QCOMPARE(journey.exitCode(), 0);
+    QCOMPARE(journey.errors(), QString());
+    QCOMPARE(QFile::exists(stored(journey)), open.isEmpty());
 }
 
 VELTRANO_TEST_MAIN(UndoJourney)

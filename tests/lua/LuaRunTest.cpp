@@ -278,9 +278,9 @@ void LuaRunTest::missingRunnerIsAFailure()
 void LuaRunTest::tooLargeScriptIsNotAccepted()
 {
     QString reason;
-    QVERIFY(LuaRun::isAcceptable(QString(int(RunnerLimits::ScriptSize), ' '), &reason));
+    QVERIFY(LuaRun::isAcceptable(QString(int(RunnerLimits::ScriptSize), ' '), {}, &reason));
     QCOMPARE(reason, QString());
-    QVERIFY(!LuaRun::isAcceptable(QString(int(RunnerLimits::ScriptSize) + 1, ' '), &reason));
+    QVERIFY(!LuaRun::isAcceptable(QString(int(RunnerLimits::ScriptSize) + 1, ' '), {}, &reason));
     QCOMPARE(reason, QString("The script is too large to be run: it may have 1024 KB."));
 }
 

@@ -35,6 +35,10 @@ private Q_SLOTS:
     void pulledDeviceIsSurvived();
     void pulledDeviceTakesNothing();
     void profileThatWasDeletedMeanwhileGoesWhenTheDeviceComesBack();
+    void profileThatWasDeletedMeanwhileStaysAwayAfterARestart_data();
+    void profileThatWasDeletedMeanwhileStaysAwayAfterARestart();
+    void profileThatWasDeletedWhileItIsWrittenLeavesTheDevice();
+    void undoneDeletionLeavesTheProfileOnTheDevice();
     void deviceBroughtFromElsewhereBringsItsProfiles();
     void idleDeviceLeavesUnwrittenProfilesMarked();
 
@@ -369,6 +373,66 @@ void cProfilesToGoServiceTest::profileThatWasDeletedMeanwhileGoesWhenTheDeviceCo
     QTRY_COMPARE(documents(), QStringList());
     QVERIFY(profiles().getProfileByID(doomed).isNull());
     QCOMPARE(takeProblems(), QStringList());
+}
+
+void cProfilesToGoServiceTest::profileThatWasDeletedMeanwhileStaysAwayAfterARestart_data()
+{
+    QTest::addColumn<bool>("isAwaySinceTheStart");
+    QTest::newRow("pulled since") << false;
+    QTest::newRow("away since the start") << true;
+}
+
+void cProfilesToGoServiceTest::profileThatWasDeletedMeanwhileStaysAwayAfterARestart()
+{
+    QFETCH(bool, isAwaySinceTheStart);
+    const QString doomed = copyToMouse(Local);
+    const QString other = copyToMouse(Local);
+    memories().commitDevice(Mouse);
+    waitUntilIdle();
+    service().setConnected(Mouse, false);
+    if (isAwaySinceTheStart)
+        restart();
+    QVERIFY(profiles().deleteProfileByID(doomed));
+    restart();
+    // As long as it takes.
+    restart();
+    service().setConnected(Mouse, true);
+    QTRY_COMPARE(documents(), QStringList({ProfileStore::fileName(other)}));
+    waitUntilIdle();
+    QVERIFY(profiles().getProfileByID(doomed).isNull());
+    QVERIFY(!profiles().getProfileByID(other).isNull());
+    QCOMPARE(takeProblems(), QStringList());
+    // The next restart has nothing left to do.
+    QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
+}
+
+void cProfilesToGoServiceTest::profileThatWasDeletedWhileItIsWrittenLeavesTheDevice()
+{
+    const QString doomed = copyToMouse(Local);
+    memories().commitDevice(Mouse);
+    QVERIFY(memories().isDeviceBusyWriting(Mouse));
+    QVERIFY(profiles().deleteProfileByID(doomed));
+    waitUntilIdle();
+    QTRY_COMPARE(documents(), QStringList());
+    QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
+}
+
+void cProfilesToGoServiceTest::undoneDeletionLeavesTheProfileOnTheDevice()
+{
+    const QString copy = copyToMouse(Local);
+    memories().commitDevice(Mouse);
+    waitUntilIdle();
+    service().setConnected(Mouse, false);
+    QCoreApplication::processEvents();
+    QVERIFY(profiles().deleteProfileByID(copy));
+    QCoreApplication::processEvents();
+    profileService().undo();
+    restart();
+    service().setConnected(Mouse, true);
+    waitUntilIdle();
+    QCOMPARE(documents(), QStringList({ProfileStore::fileName(copy)}));
+    QVERIFY(!profiles().getProfileByID(copy).isNull());
+    QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
 }
 
 void cProfilesToGoServiceTest::deviceBroughtFromElsewhereBringsItsProfiles()

@@ -16,6 +16,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -232,10 +233,8 @@ void ProfileDragTest::listThatGoesEndsItsDrag()
         { }
         bool eventFilter(QObject*, QEvent* event) override
         {
-            if (event->type() == QEvent::DragMove && m_list) {
+            if (event->type() == QEvent::DragMove)
                 m_list.reset();
-                RealPointer::act("mouseup 1");
-            }
             return false;
         }
 
@@ -243,10 +242,21 @@ void ProfileDragTest::listThatGoesEndsItsDrag()
         std::unique_ptr<cProfileList>& m_list;
     } remover(list);
     target->installEventFilter(&remover);
+    // The button is still down. A drag that went on would have to be let go.
+    bool hasWaited = false;
+    QTimer patience;
+    patience.setSingleShot(true);
+    connect(&patience, &QTimer::timeout, [&] {
+        hasWaited = true;
+        RealPointer::act("mouseup 1");
+    });
+    patience.start(Patience);
     const TileDrag drag(*list, *list->itemWidget(list->item(0)), *target);
     QTRY_VERIFY_WITH_TIMEOUT(!list, Patience);
+    QVERIFY(!hasWaited);
+    QVERIFY(!target->dropped);
     RealPointer::act("mouseup 1");
-    QTest::qWait(100);
+    QTRY_VERIFY_WITH_TIMEOUT(RealPointer::isIdle(), Patience);
 }
 
 void ProfileDragTest::commandsAreDroppedOnATile()

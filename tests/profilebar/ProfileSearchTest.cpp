@@ -40,7 +40,7 @@ private Q_SLOTS:
     void deletedProfilesAreSearched();
     void deviceFilterHidesOneDevice();
     void searchNeverShowsAHiddenDevice();
-    void filterDuringASearchKeepsTheSearch();
+    void filterDuringASearchLooksAtTheDeviceOnly();
     void filteredArrivals();
     void currentStaysCurrentWhileItIsHidden();
 };
@@ -161,14 +161,17 @@ void ProfileSearchTest::searchNeverShowsAHiddenDevice()
     QCOMPARE(strip.shownNames(), QStringList("Jump"));
 }
 
-void ProfileSearchTest::filterDuringASearchKeepsTheSearch()
+void ProfileSearchTest::filterDuringASearchLooksAtTheDeviceOnly()
 {
     Strip strip({"Jump", "Walk"}, "Jump");
     strip.host.add("Jump on device", "device-1");
     strip.list.onSearch("jum");
     strip.list.setDeviceFilter("device-1");
-    QCOMPARE(strip.shownNames(), QStringList("Jump"));
+    QCOMPARE(strip.shownNames(), QStringList({"Jump", "Walk"}));
     strip.list.setDeviceFilter(QString());
+    QCOMPARE(strip.shownNames(), QStringList({"Jump", "Jump on device", "Walk"}));
+    // Until the next letter of the search.
+    strip.list.onSearch("jump");
     QCOMPARE(strip.shownNames(), QStringList({"Jump", "Jump on device"}));
 }
 

@@ -24,12 +24,14 @@
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -146,6 +148,7 @@ private Q_SLOTS:
 
     void switchIsPublishedAsAPairBeforeItIsStored();
     void hostsSwitchDoesTheSame();
+    void barThatGoesDuringItsEvents();
     void signalsOfTheListArePassedOn();
 
     void newButtonOpensTheDialog();
@@ -166,6 +169,8 @@ private Q_SLOTS:
     void importAsksForAFile();
     void exportAsksForAFile_data();
     void exportAsksForAFile();
+    void exportTakesWhatIsCurrentWhenTheFileIsChosen();
+    void exportWithoutADesktopEmptiesTheSetting();
     void barThatGoesDuringAFileDialog();
 
     void fewTilesShowNoArrows_data();
@@ -337,6 +342,37 @@ void cProfileBarTest::hostsSwitchDoesTheSame()
     QCOMPARE(on.bar->currentProfileId(), QString("{other}"));
     // The tiles stay as they are.
     QCOMPARE(on.list->selectedProfileIds(), QStringList("{Alpha}"));
+}
+
+namespace {
+
+/// Takes the bar away at the first event.
+class Remover : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Remover(const cProfileBar* bar)
+        : m_bar(bar)
+    {
+        IServiceMgr::instance()->subscribe("Profiler_Events", this, "on");
+    }
+
+    Q_INVOKABLE void onProfileSelectionChanging(const QString&) { delete std::exchange(m_bar, nullptr); }
+
+private:
+    const cProfileBar* m_bar;
+};
+
+} // namespace
+
+void cProfileBarTest::barThatGoesDuringItsEvents()
+{
+    Bar on;
+    const Remover remover(on.bar);
+    on.list->selectProfile(ProfileHost::idOf("Default"));
+    QCOMPARE(on.host.takeEvents().filter("ProfileSelectionChanged").size(), 1);
+    QCOMPARE(on.list->selectedProfileIds(), QStringList(ProfileHost::idOf("Default")));
 }
 
 void cProfileBarTest::signalsOfTheListArePassedOn()
@@ -611,6 +647,39 @@ void cProfileBarTest::exportAsksForAFile()
     QCOMPARE(on.host.host.takeCalls(), calls);
 }
 
+void cProfileBarTest::exportTakesWhatIsCurrentWhenTheFileIsChosen()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("profile.xml");
+    Bar on({"Alpha", "Beta", "Default"});
+    const DialogDriver driver([&](QDialog& dialog) {
+        on.host.host.publishCurrentProfileSwitched("{Beta}");
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    on.call("onMenuExportProfile");
+    QVERIFY(driver.hasRun());
+    QVERIFY(on.host.takeRequests().contains(QString("exportProfile(\"{Beta}\", \"%1\")").arg(path)));
+}
+
+void cProfileBarTest::exportWithoutADesktopEmptiesTheSetting()
+{
+    // A person's folder in which nothing is.
+    const QTemporaryDir home;
+    const QByteArray before = qgetenv("HOME");
+    const auto restore = qScopeGuard([&] { qputenv("HOME", before); });
+    qputenv("HOME", QFile::encodeName(home.path()));
+    QVERIFY(!QDir(desktop()).exists());
+    Bar on;
+    on.host.settings["profiler/lastexportdir"] = QString("");
+    const FileChoice choice;
+    on.call("onMenuExportProfile");
+    QVERIFY(choice.hasRun());
+    QCOMPARE(on.host.host.takeCalls(),
+        QStringList({QString("getPropertyString(\"profiler/lastexportdir\", \"%1\")").arg(desktop()),
+            R"(setPropertyString("profiler/lastexportdir", ""))"}));
+}
+
 void cProfileBarTest::barThatGoesDuringAFileDialog()
 {
     QTemporaryDir folder;
@@ -752,6 +821,11 @@ void cProfileBarTest::buttonsBySet()
     QCOMPARE(on.printButton().y(), 54.0);
     // Without the new button the wells make no profile either.
     QCOMPARE(on.list->hasMouseTracking(), set.contains(0));
+    if (!set.contains(0)) {
+        QSignalSpy wanted(on.list.get(), SIGNAL(newProfile()));
+        QTest::mouseClick(on.list->viewport(), Qt::LeftButton, {}, QPoint(4 * 68 + 30, 40));
+        QCOMPARE(wanted.size(), 0);
+    }
 }
 
 void cProfileBarTest::menuOptionsGoToTheList()
@@ -792,6 +866,8 @@ void cProfileBarTest::listMayGoFirst()
     for (const char* slot : {"onScrollLeftClicked", "onScrollRightClicked", "onMenuSortProfileAscending"})
         QVERIFY(on.call(slot));
     QCOMPARE(on.bar->property("value").toInt(), 0);
+    const std::unique_ptr<QFrame> frame(on.bar->searchFrame());
+    QVERIFY(frame->findChild<cSearchBox*>());
     QStringList entries;
     const MenuDriver driver([&](QMenu& menu) { entries = MenuDriver::entriesOf(menu); });
     Q_EMIT on.newButton().menu(QPoint(20, 30));

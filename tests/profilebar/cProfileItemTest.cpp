@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QLoggingCategory>
 #include <QMimeData>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolTip>
@@ -183,6 +184,7 @@ private Q_SLOTS:
     void commandsOfThisProcessMayEnter();
     void droppedCommandsAreTold_data();
     void droppedCommandsAreTold();
+    void dropIsTakenOnceItIsTold();
 
     void pictureIsCutToAnIcon_data();
     void pictureIsCutToAnIcon();
@@ -472,6 +474,7 @@ void cProfileItemTest::disabledDragIsNone()
     Tile tile;
     QSignalSpy started(&tile.item, SIGNAL(dragStart()));
     tile.press(QPoint(10, 10));
+    QVERIFY(tile.item.cursor().shape() != Qt::ClosedHandCursor);
     QVERIFY(!tile.move(QPoint(60, 60)));
     QCOMPARE(started.size(), 0);
 }
@@ -516,6 +519,55 @@ void cProfileItemTest::droppedCommandsAreTold()
     static_cast<QObject&>(tile.item).event(&event);
     QCOMPARE(event.isAccepted(), !ids.isEmpty());
     QCOMPARE(dropped, ids.isEmpty() ? QList<QVariantList>() : QList<QVariantList>({{ids, "{id}"}}));
+}
+
+namespace {
+
+/// Looks at a drop while the tile tells of it, and takes the tile away.
+class DropWitness : public QObject
+{
+    Q_OBJECT
+
+public:
+    DropWitness(cProfileItem* tile, const QDropEvent& event)
+        : m_tile(tile)
+        , m_event(event)
+    {
+        connect(tile, SIGNAL(macrosDropped(const QStringList&, const QString&)),
+            SLOT(onDropped(const QStringList&, const QString&)));
+    }
+
+    bool wasAccepted = true;
+    QString profile;
+
+private Q_SLOTS:
+    void onDropped(const QStringList&, const QString& profileID)
+    {
+        wasAccepted = m_event.isAccepted();
+        delete m_tile;
+        profile = profileID;
+    }
+
+private:
+    QPointer<cProfileItem> m_tile;
+    const QDropEvent& m_event;
+};
+
+} // namespace
+
+void cProfileItemTest::dropIsTakenOnceItIsTold()
+{
+    const ProfileHost on;
+    const QPointer<cProfileItem> tile(new cProfileItem("{id}", "Alpha", filledPicture(48, 48, Icon)));
+    const auto data = DragFormats::makeMacros({"{1}"});
+    QDropEvent event(QPointF(5, 5), Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    event.ignore();
+    const DropWitness witness(tile, event);
+    static_cast<QObject&>(*tile).event(&event);
+    QVERIFY(!tile);
+    QVERIFY(!witness.wasAccepted);
+    QCOMPARE(witness.profile, QString("{id}"));
+    QVERIFY(event.isAccepted());
 }
 
 void cProfileItemTest::pictureIsCutToAnIcon_data()

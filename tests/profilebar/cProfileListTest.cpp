@@ -9,6 +9,7 @@
 #include <TestPictures.h>
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextDocument>
@@ -43,11 +44,13 @@ private Q_SLOTS:
     void deselectedCurrentStaysMarked();
     void selectingOthersMakesTheFirstCurrent();
     void selectProfileFindsItsRow();
-    void selectProfileLeavesNoOtherSelected();
+    void selectProfileKeepsWhatAnArrivalFoundSelected();
+    void listThatGoesWhileItTells();
 
     void tilesAreSortedByName();
     void addedProfileIsSelected();
     void addedProfileOfADeviceIsNot();
+    void addedProfileHasTheIdOfItsEvent();
     void vanishedProfileIsNotAdded();
     void renamedProfileMovesAndStaysCurrent();
     void changedPropertyAsksForTheIcon();
@@ -242,15 +245,52 @@ void cProfileListTest::selectProfileFindsItsRow()
     QCOMPARE(strip.current(), QStringList());
 }
 
-void cProfileListTest::selectProfileLeavesNoOtherSelected()
+void cProfileListTest::selectProfileKeepsWhatAnArrivalFoundSelected()
 {
     Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
-    // A new row is what selections are kept over.
+    // The list moves on as lists of several do: what was selected when a row came stays so.
     strip.host.add("Device", "device-1");
     strip.list.selectProfile("{Beta}");
-    QCOMPARE(strip.selected(), QStringList("Beta"));
+    QCOMPARE(strip.current(), QStringList("Beta"));
+    QCOMPARE(strip.selected(), QStringList({"Alpha", "Beta"}));
     QCOMPARE(
         strip.host.takeRequests(), QStringList(R"(setPropertyString("profiler/lastProfile", "{Beta}"))"));
+}
+
+namespace {
+
+/// Takes the list away when it says which profile is current.
+class Remover : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Remover(cProfileList* list)
+        : m_list(list)
+    {
+        connect(list, SIGNAL(selectedProfile(const QString&)), SLOT(remove()));
+    }
+
+private Q_SLOTS:
+    void remove() { delete m_list; }
+
+private:
+    QPointer<cProfileList> m_list;
+};
+
+} // namespace
+
+void cProfileListTest::listThatGoesWhileItTells()
+{
+    ProfileHost on({"Alpha", "Default"});
+    const QPointer<cProfileList> list(new cProfileList);
+    list->populate();
+    const Remover remover(list);
+    on.clear();
+    list->selectProfile("{Alpha}");
+    QVERIFY(!list);
+    // What the user chose is remembered all the same.
+    QCOMPARE(on.settings["profiler/lastProfile"], QString("{Alpha}"));
 }
 
 void cProfileListTest::tilesAreSortedByName()
@@ -284,6 +324,17 @@ void cProfileListTest::addedProfileOfADeviceIsNot()
     QCOMPARE(strip.current(), QStringList("Alpha"));
     QCOMPARE(strip.tile("Beta")->deviceId(), QString("mouse-1"));
     QCOMPARE(strip.host.takeRequests(), QStringList());
+}
+
+void cProfileListTest::addedProfileHasTheIdOfItsEvent()
+{
+    Strip strip({"Alpha"}, "Alpha");
+    cJsonValue record;
+    record["name"] = "Beta";
+    strip.host.host.answer("getProfileByID", record);
+    strip.host.host.publishProfileAdded("{Beta}");
+    QCOMPARE(strip.list.profileId(1), QString("{Beta}"));
+    QCOMPARE(strip.list.selectedProfileIds(), QStringList("{Beta}"));
 }
 
 void cProfileListTest::vanishedProfileIsNotAdded()

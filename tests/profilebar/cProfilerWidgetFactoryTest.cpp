@@ -29,7 +29,7 @@ public:
     ~Module() { delete static_cast<cProfileBarImpl*>(bar); }
 
     IProfileBar* const bar;
-    const std::unique_ptr<QListWidget> list;
+    std::unique_ptr<QListWidget> list;
     const std::unique_ptr<QGraphicsItem> item;
 };
 
@@ -48,6 +48,7 @@ private Q_SLOTS:
     void dropsSetTheModeWhateverIsAsked();
     void twoBarsAreIndependent();
     void addedProfileComesToBothBars();
+    void listMayGoBeforeTheBar();
 };
 
 void cProfilerWidgetFactoryTest::classInformation()
@@ -93,6 +94,9 @@ void cProfilerWidgetFactoryTest::operationsReachBarAndList()
     ProfileHost on({"Alpha", "Default"});
     cProfilerWidgetFactory factory;
     const Module module(factory);
+    static_cast<cProfileList*>(module.list.get())->selectProfile("{Alpha}");
+    QCOMPARE(module.bar->currentProfileId(), QString("{Alpha}"));
+    QCOMPARE(module.bar->selectedProfileIds(), QStringList("{Alpha}"));
     const cJsonValue record = on.put("Beta", "device-1").record();
     QVERIFY(module.bar->addProfile(record));
     QCOMPARE(module.list->count(), 3);
@@ -104,9 +108,6 @@ void cProfilerWidgetFactoryTest::operationsReachBarAndList()
     module.bar->setTileDragEnabled(true);
     const std::unique_ptr<QFrame> frame(module.bar->searchFrame());
     QVERIFY(frame);
-    static_cast<cProfileList*>(module.list.get())->selectProfile("{Alpha}");
-    QCOMPARE(module.bar->currentProfileId(), QString("{Alpha}"));
-    QCOMPARE(module.bar->selectedProfileIds(), QStringList("{Alpha}"));
 }
 
 void cProfilerWidgetFactoryTest::dropsSetTheModeWhateverIsAsked()
@@ -159,6 +160,23 @@ void cProfilerWidgetFactoryTest::addedProfileComesToBothBars()
     on.add("Alpha");
     QCOMPARE(one.bar->selectedProfileIds(), QStringList("{Alpha}"));
     QCOMPARE(other.bar->selectedProfileIds(), QStringList("{Alpha}"));
+}
+
+void cProfilerWidgetFactoryTest::listMayGoBeforeTheBar()
+{
+    ProfileHost on({"Alpha", "Default"});
+    cProfilerWidgetFactory factory;
+    Module module(factory);
+    module.list.reset();
+    QVERIFY(!module.bar->profileList());
+    QVERIFY(module.bar->addProfile(on.put("Beta").record()));
+    QVERIFY(module.bar->setDeviceFilter("device-1"));
+    module.bar->setTileDragEnabled(true);
+    module.bar->setDropsEnabled(true);
+    QVERIFY(module.bar->selectedProfileIds().isEmpty());
+    QCOMPARE(module.bar->currentProfileId(), ProfileHost::idOf("Default"));
+    QVERIFY(module.bar->setButtons({0, 1, 2}));
+    QVERIFY(!module.bar->setMenuOptions({0}));
 }
 
 VELTRANO_TEST_MAIN(cProfilerWidgetFactoryTest)

@@ -31,7 +31,6 @@ private Q_SLOTS:
     void damagedDocumentIsToldAndTheOthersComeBack();
 
 private:
-    static void endTurn() { QCoreApplication::processEvents(); }
     std::vector<ProfileBackups::Backup> list() { return service().backups().list(); }
     /// "Game" and "Other", in one turn.
     void deleteTwoProfiles()

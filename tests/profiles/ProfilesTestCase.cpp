@@ -1,6 +1,7 @@
 #include "ProfilesTestCase.h"
 
 #include <IServiceMgr.h>
+#include <ProfileDocument.h>
 
 #include <QDir>
 #include <QFile>
@@ -97,6 +98,14 @@ QByteArray ProfilesTestCase::snapshot() const
     for (const QString& name : documents())
         text += name.toUtf8() + '\n' + readFile(folder() + QLatin1Char('/') + name);
     return text;
+}
+
+QByteArray ProfilesTestCase::content()
+{
+    std::vector<Profile> all;
+    for (const QString& id : profiles().profileIDs())
+        all.push_back(*service().book().find(id));
+    return ProfileDocument::write(all, {});
 }
 
 cJsonValue ProfilesTestCase::profile(const QString& uid, const QString& name)

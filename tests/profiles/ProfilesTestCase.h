@@ -56,6 +56,12 @@ protected:
     /// What the folder of documents holds, as one text.
     QByteArray snapshot() const;
 
+    /// All profiles in their order, byte for byte.
+    QByteArray content();
+    /// What comes after it is another step.
+    static void endTurn() { QCoreApplication::processEvents(); }
+    const ProfileHistory& history() { return service().history(); }
+
     static cJsonValue profile(const QString& uid, const QString& name);
     static cJsonValue macro(
         const QString& uid, const QString& name, const QString& macroNamespace = TestIds::ButtonType);

@@ -22,7 +22,7 @@ private Q_SLOTS:
     void eachCategoryHasAModeOfItsOwn();
     void changedModeIsPublishedOnce();
     void impossibleModeIsRefused();
-    void scriptsDoNotPlay();
+    void nothingIsPlayedWithoutAPlayer();
 
 private:
     std::unique_ptr<cServiceMgr> m_manager;
@@ -114,7 +114,7 @@ void cProfilerServiceTest::impossibleModeIsRefused()
     QCOMPARE(m_events->take(), QStringList());
 }
 
-void cProfilerServiceTest::scriptsDoNotPlay()
+void cProfilerServiceTest::nothingIsPlayedWithoutAPlayer()
 {
     cProfiler profiler;
     QVERIFY(!profiler.playScriptingMacroByName("{1}", "Name"));

@@ -1,7 +1,7 @@
 #include "MethodText.h"
 
 #include <QMetaMethod>
-#include <QStringList>
+#include <QMetaObject>
 
 QString methodText(const QMetaMethod& method)
 {
@@ -12,4 +12,12 @@ QString methodText(const QMetaMethod& method)
     }
     return QStringLiteral("%1(%2)").arg(
         QString::fromLatin1(method.name()), parameters.join(QLatin1String(", ")));
+}
+
+QStringList methodTexts(const QMetaObject& meta)
+{
+    QStringList texts;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        texts.append(methodText(meta.method(i)));
+    return texts;
 }

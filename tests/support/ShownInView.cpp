@@ -2,9 +2,12 @@
 
 #include <cMacroBindingView.h>
 
+#include <QString>
+#include <QStringList>
+
 namespace {
 
-// An explicit instantiation may name private members, which is how a test gets at the three.
+// An explicit instantiation may name private members, which is how a test gets at the four.
 template<typename Tag, typename Tag::Member member>
 struct Opened
 {
@@ -25,9 +28,15 @@ struct CurrentMState
     using Member = MKey::MKey_t cMacroBindingView::*;
     friend Member open(CurrentMState);
 };
+struct ControlIds
+{
+    using Member = QStringList cMacroBindingView::*;
+    friend Member open(ControlIds);
+};
 template struct Opened<ProfileId, &cMacroBindingView::m_profileId>;
 template struct Opened<DeviceCategory, &cMacroBindingView::m_deviceCategory>;
 template struct Opened<CurrentMState, &cMacroBindingView::m_currentMState>;
+template struct Opened<ControlIds, &cMacroBindingView::m_controlIds>;
 
 } // namespace
 
@@ -37,4 +46,9 @@ void setShownInView(
     view.*open(ProfileId()) = profileID;
     view.*open(DeviceCategory()) = category;
     view.*open(CurrentMState()) = mode;
+}
+
+void setControlsOfView(cMacroBindingView& view, const QStringList& controlIds)
+{
+    view.*open(ControlIds()) = controlIds;
 }

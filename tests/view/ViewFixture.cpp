@@ -10,8 +10,10 @@
 #include <QDomDocument>
 #include <QFrame>
 #include <QGraphicsRectItem>
+#include <QListWidgetItem>
 #include <QLoggingCategory>
 #include <QPropertyAnimation>
+#include <QtTest>
 
 const char* const PlainDevice = R"(
 <mstates>
@@ -23,6 +25,13 @@ const char* const PlainDevice = R"(
   <control id="G1"><points><point x="400" y="200"/><point x="440" y="200"/><point x="440" y="230"/></points></control>
   <control id="G2"><points><point x="500" y="200"/><point x="540" y="200"/><point x="540" y="230"/></points></control>
   <control id="G3"><points><point x="600" y="200"/><point x="640" y="200"/><point x="640" y="230"/></points></control>
+</controls>)";
+
+const char* const GenericDevice = R"(
+<controls>
+  <control id="G1"><generic_assignment type="uri/Mouse" name="Click" hidden="true" cannotbeunassigned="true"/></control>
+  <control id="G2"><generic_assignment type="uri/Media" name="Play"/></control>
+  <control id="G3"/>
 </controls>)";
 
 QByteArray makeManifest(const char* content, const char* model, const char* category)
@@ -212,6 +221,22 @@ void ViewFixture::assign(
     m_assignments[profileID + category() + QString::number(inMode) + contextID] = macroID;
 }
 
+void ViewFixture::openWithCommands(const char* device)
+{
+    host.answer(
+        "getMacroTypeByID", [](const RecordedCall&) { return QVariant::fromValue(makeMacroType({"key"})); });
+    putMacro("{P}", makeMacro("{1}", "Jump"));
+    putMacro("{P}", makeMacro("{2}", "Run"));
+    assign("{P}", "G1", "{1}");
+    assign("{P}", "G3", "{1}");
+    categories["{P}"] = QStringList("pad");
+    open(makeManifest(device));
+    showProfile("{P}");
+    host.publishProfileSelectionChanged("{P}");
+    QTRY_COMPARE(macroList()->count(), 2);
+    host.clear();
+}
+
 void ViewFixture::showProfile(const QString& profileID)
 {
     host.publishProfileSelectionChanging(profileID);
@@ -288,6 +313,14 @@ QFrame* ViewFixture::commandFrame() const
 cMacroList* ViewFixture::macroList() const
 {
     return canvas ? canvas->findChild<cMacroList*>() : nullptr;
+}
+
+QStringList ViewFixture::selectedCommands() const
+{
+    QStringList names;
+    for (const QListWidgetItem* item : macroList()->selectedItems())
+        names.append(item->text());
+    return names;
 }
 
 cAnimatedPixmapWidget* ViewFixture::syncButton() const

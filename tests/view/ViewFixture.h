@@ -31,6 +31,11 @@ class MagnetTextItem;
 class QDomElement;
 class QFrame;
 
+/// Three keys, three modes, no glows.
+extern const char* const PlainDevice;
+/// G1 can't be empty, G2 has a generic command, G3 has none.
+extern const char* const GenericDevice;
+
 /// A command record as the host keeps it.
 cJsonValue makeMacro(const char* uid, const char* displayName, bool hidden = false);
 
@@ -68,6 +73,9 @@ public:
     /// For the category of the device, in one mode.
     void assign(const QString& profileID, const QString& contextID, const QString& macroID,
         MKey::MKey_t inMode = MKey::M1);
+    /// Opens the view on "{P}" with "{1}" Jump on G1 and G3 and "{2}" Run on no key, and waits for the list
+    /// of them.
+    void openWithCommands(const char* device = PlainDevice);
     /// Publishes that the profile is about to be shown; its calls are taken.
     void showProfile(const QString& profileID);
 
@@ -107,6 +115,8 @@ public:
     QStringList pulsatingModes() const;
     QFrame* commandFrame() const;
     cMacroList* macroList() const;
+    /// The names of the commands that are selected in the list.
+    QStringList selectedCommands() const;
     cAnimatedPixmapWidget* syncButton() const;
 
     // The host's data.
@@ -139,6 +149,3 @@ QByteArray makeManifest(const char* content, const char* model = "Model", const 
 
 /// How many slots hear the signal.
 int connections(const QObject& sender, const char* signal);
-
-/// Three keys, three modes, no glows.
-extern const char* const PlainDevice;

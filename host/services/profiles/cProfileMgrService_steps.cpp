@@ -10,7 +10,6 @@
 #include <utility>
 
 using namespace ProfileChanges;
-using ProfileIds::isSame;
 
 bool cProfileMgrService::perform(const StepName& name, Changes changes)
 {

@@ -1,5 +1,7 @@
 #include "cProfilerService.h"
 
+#include "ICommandPlayer.h"
+
 #include <EventNames.h>
 #include <IServiceMgr.h>
 #include <ModeNames.h>
@@ -64,12 +66,12 @@ bool cProfilerService::setMState(const QString& category, MKey::MKey_t mkey)
     return true;
 }
 
-bool cProfilerService::playScriptingMacroByName(const QString&, const QString&)
+bool cProfilerService::playScriptingMacroByName(const QString& profileID, const QString& macroName)
 {
-    return false;
+    return m_player && m_player->play(profileID, macroName);
 }
 
 bool cProfilerService::abortScriptingMacro()
 {
-    return false;
+    return m_player && m_player->abort();
 }

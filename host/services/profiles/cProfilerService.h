@@ -4,6 +4,8 @@
 
 #include <QHash>
 
+class ICommandPlayer;
+
 /// The service "Profiler.Profiler": keys and M states as text, and the M state of each device category.
 ///
 /// Key n has the context id "G" and n. M states live as long as the application; each category begins in the
@@ -15,6 +17,9 @@ class cProfilerService : public IProfiler
 
 public:
     using IProfiler::IProfiler;
+
+    /// Who plays the commands; null for nobody.
+    void setPlayer(ICommandPlayer* player) { m_player = player; }
 
     QString toContextId(GKey::GKey_t gkey) override;
     QString toContextId(GenericButton::GenericButton_t button) override;
@@ -30,4 +35,5 @@ public:
 
 private:
     QHash<QString, MKey::MKey_t> m_states;
+    ICommandPlayer* m_player = nullptr;
 };
