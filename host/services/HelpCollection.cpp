@@ -92,7 +92,7 @@ QByteArray HelpCollection::data(const QUrl& address) const
 
 void HelpCollection::search(const QString& words)
 {
-    m_waitingWords = words;
+    m_words = words;
     if (m_isIndexed)
         onIndexed();
 }
@@ -100,8 +100,8 @@ void HelpCollection::search(const QString& words)
 void HelpCollection::onIndexed()
 {
     m_isIndexed = true;
-    const QString query = queryFor(m_waitingWords);
-    m_waitingWords.clear();
+    // Also what has been searched for before: the end of an indexing may be that of one which was cut short.
+    const QString query = queryFor(m_words);
     if (!query.isEmpty())
         m_engine->searchEngine()->search(query);
 }

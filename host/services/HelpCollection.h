@@ -62,6 +62,6 @@ private:
     QTemporaryDir m_folder;
     std::unique_ptr<QHelpEngine> m_engine;
     /// What is looked for once the index is ready.
-    QString m_waitingWords;
+    QString m_words;
     bool m_isIndexed = false;
 };

@@ -59,7 +59,7 @@ private Q_SLOTS:
     void dialogOnTheStackOfItsCaller_data();
     void dialogOnTheStackOfItsCaller();
     void dialogThatIsDeletedInItsScanWaitsForTheWorker();
-    void parentThatIsDeletedTakesTheDialogWithIt();
+    void parentThatIsDeletedEndsTheScan();
     void manyScansInARow();
 
 private:
@@ -237,16 +237,17 @@ void ScanCancelTest::dialogThatIsDeletedInItsScanWaitsForTheWorker()
     }
 }
 
-void ScanCancelTest::parentThatIsDeletedTakesTheDialogWithIt()
+void ScanCancelTest::parentThatIsDeletedEndsTheScan()
 {
     auto window = std::make_unique<QWidget>();
-    auto* const dialog = new ScanForGamesDialog(window.get());
-    dialog->show();
-    const auto* const list = dialog->findChild<QListWidget*>();
+    // As all callers have it; it stays theirs.
+    ScanForGamesDialog dialog(window.get());
+    dialog.show();
+    const auto* const list = dialog.findChild<QListWidget*>();
     QTRY_VERIFY(list->count() > 0);
     window.reset();
-    QVERIFY(!isWorkerAtWork());
-    QCoreApplication::processEvents();
+    QVERIFY(!dialog.isVisible());
+    QTRY_VERIFY(!isWorkerAtWork());
 }
 
 void ScanCancelTest::manyScansInARow()
