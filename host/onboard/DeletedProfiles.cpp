@@ -8,7 +8,7 @@
 namespace {
 
 /// More than all that was ever deleted.
-constexpr qint64 MaxSize = 1024 * 1024;
+constexpr qint64 MaxSize = qint64(1024) * 1024;
 
 } // namespace
 
