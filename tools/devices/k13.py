@@ -4,7 +4,7 @@ import math
 
 from .manifest import Control, Device, Glow, Label, ModeButton, PixmapShape
 from .markup import Picture
-from . import parts
+from . import drawing
 
 ALIAS = "K13Device"
 BOX = (334, 144, 644, 474)
@@ -87,10 +87,10 @@ def circle_path(radius):
 def controls():
     found = []
     for id_, x, y in key_rects():
-        left, top = parts.key_label_box(x, y, KEY_WIDTH, LABEL_WIDTH)
+        left, top = drawing.key_label_box(x, y, KEY_WIDTH, LABEL_WIDTH)
         found.append(
             Control(id_, id_, "key", Label.box(left, top, LABEL_WIDTH),
-                    points=parts.rounded(x, y, KEY_WIDTH, KEY_HEIGHT, 4))
+                    points=drawing.rounded(x, y, KEY_WIDTH, KEY_HEIGHT, 4))
         )
     # The press is the first of the stick's five: pointing uses the four after it, a joystick all five.
     press = PixmapShape("stick_press_glow", "stick_press_outline", STICK[0] - STICK_CAP, STICK[1] - STICK_CAP)
@@ -129,7 +129,7 @@ def manifest():
 def draw_body(out):
     with out.group("body"):
         out.path(BODY, fill="#000000", fill_opacity=0.7, filter="url(#shadow)")
-        out.path(BODY, fill="url(#body)", stroke=parts.BODY_RIM, stroke_width=1.5)
+        out.path(BODY, fill="url(#body)", stroke=drawing.BODY_RIM, stroke_width=1.5)
         out.path(BODY, fill="url(#light)", fill_opacity=0.6)
     with out.group("palm"):
         out.path(PALM, fill="url(#deck)", stroke="#3D494D")
@@ -137,10 +137,10 @@ def draw_body(out):
             for i in range(5):
                 y = 522 + 14 * i
                 out.path(f"M {404 + 4 * i} {y} C 480 {y + 10} 620 {y + 10} {694 - 2 * i} {y}")
-        parts.chevron(out, 550, 566, 40, fill="none", stroke=parts.TEAL, stroke_width=5, stroke_opacity=0.8)
+        drawing.chevron(out, 550, 566, 40, fill="none", stroke=drawing.TEAL, stroke_width=5, stroke_opacity=0.8)
     with out.group("deck"):
         out.path(DECK, fill="url(#deck)", stroke="#0B0F10", stroke_width=2)
-        out.path(DECK, fill="none", stroke=parts.TEAL, stroke_opacity=0.28)
+        out.path(DECK, fill="none", stroke=drawing.TEAL, stroke_opacity=0.28)
 
 
 def draw_display(out):
@@ -148,9 +148,9 @@ def draw_display(out):
     with out.group("display"):
         out.rect(x - 9, y - 7, width + 18, height + 14, 8, fill="#0C1011", stroke="#49565A")
         out.rect(x, y, width, height, 2, fill="url(#lcd)")
-        with out.group("pixels", fill=parts.TEAL):
-            parts.chevron(out, x + 24, y + 32, 26, fill="none", stroke=parts.TEAL, stroke_width=4)
-            parts.lettering(out, x + 48, y + 27, "K13", 16, parts.TEAL, 2)
+        with out.group("pixels", fill=drawing.TEAL):
+            drawing.chevron(out, x + 24, y + 32, 26, fill="none", stroke=drawing.TEAL, stroke_width=4)
+            drawing.lettering(out, x + 48, y + 27, "K13", 16, drawing.TEAL, 2)
             for i, bar in enumerate((6, 10, 14, 18, 24)):
                 out.rect(x + 110 + 8 * i, y + 33 - bar, 5, bar, fill_opacity=0.45 + 0.13 * i)
 
@@ -158,20 +158,20 @@ def draw_display(out):
 def draw_keys(out):
     with out.group("strips"):
         for _, x, y in key_rects():
-            left, top = parts.key_label_box(x, y, KEY_WIDTH, LABEL_WIDTH)
+            left, top = drawing.key_label_box(x, y, KEY_WIDTH, LABEL_WIDTH)
             out.use("strip", left, top)
     with out.group("keys"):
         for id_, x, y in key_rects():
             with out.group(id_):
                 out.use("key", x, y)
-                parts.legend(out, x + 10, y + 21, id_)
+                drawing.legend(out, x + 10, y + 21, id_)
 
 
 def draw_stick(out):
     x, y = STICK
     with out.group("stick"):
         out.add("circle", cx=x, cy=y, r=62, fill="#0C1011", stroke="#49565A", stroke_width=1.5)
-        out.add("circle", cx=x, cy=y, r=57, fill="none", stroke=parts.TEAL, stroke_opacity=0.45, stroke_width=1.5)
+        out.add("circle", cx=x, cy=y, r=57, fill="none", stroke=drawing.TEAL, stroke_opacity=0.45, stroke_width=1.5)
         out.add("circle", cx=x, cy=y, r=52, fill="url(#bowl)")
         with out.group("arrows", fill="none", stroke="#A9B8BA", stroke_width=2.5, stroke_linecap="round",
                        stroke_linejoin="round"):
@@ -185,22 +185,22 @@ def draw_stick(out):
 def draw_device():
     out = Picture("device", BOX, ZOOM)
     with out.defs():
-        parts.define_body(out)
-        out.gradient("cap", *parts.CAP)
+        drawing.define_body(out)
+        out.gradient("cap", *drawing.CAP)
         out.gradient("lcd", "#062424", "#0A3838")
         out.radial("bowl", "#2A3337", "#1C2326", "#101517")
         out.radial("dimple", "#171D20", "#20282B")
-        parts.define_key(out, KEY_WIDTH, KEY_HEIGHT)
-        parts.define_strip(out, LABEL_WIDTH)
-    with out.group("device", font_family=parts.FONT):
+        drawing.define_key(out, KEY_WIDTH, KEY_HEIGHT)
+        drawing.define_strip(out, LABEL_WIDTH)
+    with out.group("device", font_family=drawing.FONT):
         draw_body(out)
-        parts.lettering(out, 376, 192, "VELTRANO", 13, parts.LEGEND_DIM, 3)
-        parts.lettering(out, 488, 192, "K13", 13, parts.TEAL, 2)
+        drawing.lettering(out, 376, 192, "VELTRANO", 13, drawing.LEGEND_DIM, 3)
+        drawing.lettering(out, 488, 192, "K13", 13, drawing.TEAL, 2)
         draw_display(out)
         draw_keys(out)
         with out.group("modes"):
             for mode in MODES:
-                parts.mode_face(out, mode.left, mode.top, MODE_WIDTH, MODE_HEIGHT, mode.id, "normal")
+                drawing.mode_face(out, mode.left, mode.top, MODE_WIDTH, MODE_HEIGHT, mode.id, "normal")
         draw_stick(out)
     return out
 
@@ -208,16 +208,16 @@ def draw_device():
 def draw_icon():
     out = Picture("device_icon", (0, 0, 48, 48))
     with out.defs():
-        out.gradient("body", *parts.BODY)
+        out.gradient("body", *drawing.BODY)
     with out.group("icon", stroke_linejoin="round"):
         out.path("M 7 5 H 39 Q 42 5 42 8 L 45 34 Q 46 43 38 43 H 12 Q 6 43 5.5 36 L 4 8 Q 4 5 7 5 Z",
                  fill="url(#body)", stroke="#8A999C")
-        out.rect(17, 8, 13, 5, 1, fill=parts.TEAL)
+        out.rect(17, 8, 13, 5, 1, fill=drawing.TEAL)
         with out.group("keys", fill="#C9D6D6"):
             for row, (first, count) in enumerate(((0, 5), (0, 5), (0, 3))):
                 for column in range(first, first + count):
                     out.rect(8 + 7 * column, 16 + 7 * row, 5, 4, 1)
-        out.add("circle", cx=36, cy=35, r=5, fill="#0C1011", stroke=parts.TEAL_BRIGHT, stroke_width=1.5)
+        out.add("circle", cx=36, cy=35, r=5, fill="#0C1011", stroke=drawing.TEAL_BRIGHT, stroke_width=1.5)
     return out
 
 
@@ -225,9 +225,9 @@ def draw_overlay():
     """The stick's directions; the view shows it at three tenths of its strength."""
     out = Picture("K13_minijoystick_overlay", OVERLAY)
     x, y = STICK
-    with out.group("directions", fill=parts.TEAL_BRIGHT, stroke="#FFFFFF", stroke_linejoin="round"):
+    with out.group("directions", fill=drawing.TEAL_BRIGHT, stroke="#FFFFFF", stroke_linejoin="round"):
         for angle in (-90, 0, 90, 180):
-            out.path(parts.path_of(sector(angle)), fill_opacity=0.35)
+            out.path(drawing.path_of(sector(angle)), fill_opacity=0.35)
     with out.group("arrows", fill="#FFFFFF"):
         for turn in (0, 90, 180, 270):
             out.path(f"M {x + 33} {y - 8} l 10 8 l -10 8 Z", transform=f"rotate({turn} {x} {y})")
@@ -238,14 +238,14 @@ def pictures():
     yield draw_device()
     yield draw_icon()
     yield draw_overlay()
-    yield from parts.mode_pictures([mode.id for mode in MODES], MODE_WIDTH, MODE_HEIGHT)
-    yield parts.pulse_picture(
+    yield from drawing.mode_pictures([mode.id for mode in MODES], MODE_WIDTH, MODE_HEIGHT)
+    yield drawing.pulse_picture(
         "glow_keys", KEYS_GLOW,
-        [parts.path_of(parts.rounded(x, y, KEY_WIDTH, KEY_HEIGHT, 4)) for _, x, y in key_rects()])
-    yield parts.pulse_picture(
+        [drawing.path_of(drawing.rounded(x, y, KEY_WIDTH, KEY_HEIGHT, 4)) for _, x, y in key_rects()])
+    yield drawing.pulse_picture(
         "glow_stick_directions", STICK_GLOW,
-        [parts.path_of(sector(angle)) for _, angle, _, _ in DIRECTIONS.values()])
-    yield parts.pulse_picture("glow_stick_press", STICK_GLOW, [circle_path(STICK_CAP)])
-    yield from parts.hotspot_pictures(
+        [drawing.path_of(sector(angle)) for _, angle, _, _ in DIRECTIONS.values()])
+    yield drawing.pulse_picture("glow_stick_press", STICK_GLOW, [circle_path(STICK_CAP)])
+    yield from drawing.hotspot_pictures(
         "stick_press", circle_path(STICK_CAP),
         (STICK[0] - STICK_CAP, STICK[1] - STICK_CAP, 2 * STICK_CAP, 2 * STICK_CAP))

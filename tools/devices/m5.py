@@ -2,7 +2,7 @@
 
 from .manifest import Control, Device, Generic, Glow, Label, PixmapShape
 from .markup import Picture
-from . import parts
+from . import drawing
 
 ALIAS = "M5Device"
 BOX = (450, 146, 400, 474)
@@ -55,7 +55,7 @@ def pixmap(name, bounds):
 
 
 def key(rect):
-    return parts.rounded(*rect, 4)
+    return drawing.rounded(*rect, 4)
 
 
 def controls():
@@ -110,16 +110,16 @@ def draw_body(out):
     with out.group("body"):
         out.add("ellipse", cx=MIDDLE, cy=386, rx=196, ry=230, fill="url(#pool)")
         out.path(BODY, fill="#000000", fill_opacity=0.8, filter="url(#shadow)")
-        out.path(BODY, fill="url(#body)", stroke=parts.BODY_RIM, stroke_width=1.5)
+        out.path(BODY, fill="url(#body)", stroke=drawing.BODY_RIM, stroke_width=1.5)
         out.path(BODY, fill="url(#across)")
     with out.group("shell"):
         out.path("M 576 420 C 600 446 700 446 738 408 C 744 470 750 520 738 552 C 722 590 690 600 650 600"
                  " C 612 600 580 588 566 552 C 572 508 578 466 576 420 Z",
                  fill="url(#shell)", stroke="#4A585C", stroke_opacity=0.7)
-        parts.chevron(out, 652, 540, 44, fill="none", stroke=parts.TEAL, stroke_width=9, stroke_opacity=0.35,
+        drawing.chevron(out, 652, 540, 44, fill="none", stroke=drawing.TEAL, stroke_width=9, stroke_opacity=0.35,
                       filter="url(#haze)")
-        parts.chevron(out, 652, 540, 44, fill="none", stroke=parts.TEAL, stroke_width=5)
-        out.label(652, 574, "VELTRANO M5", 10, fill=parts.LEGEND_DIM, font_weight="bold", letter_spacing=2,
+        drawing.chevron(out, 652, 540, 44, fill="none", stroke=drawing.TEAL, stroke_width=5)
+        out.label(652, 574, "VELTRANO M5", 10, fill=drawing.LEGEND_DIM, font_weight="bold", letter_spacing=2,
                   text_anchor="middle")
 
 
@@ -128,7 +128,7 @@ def draw_main_buttons(out):
         with out.group(id_):
             out.path(d, fill="url(#button)", stroke="#0A0E0F", stroke_width=3, stroke_linejoin="round")
             out.path(d, fill="none", stroke="#6A797D", stroke_opacity=0.6)
-            parts.legend(out, x, 300, id_, 15, text_anchor="middle")
+            drawing.legend(out, x, 300, id_, 15, text_anchor="middle")
 
 
 def draw_spine(out):
@@ -137,27 +137,27 @@ def draw_spine(out):
         out.rect(x, y, width, height, 14, fill="#0C1011", stroke="#3F4B4F")
     with out.group("G3"):
         x, y, width, height = WHEEL
-        out.rect(x - 3, y - 3, width + 6, height + 6, 12, fill="#050708", stroke=parts.TEAL, stroke_opacity=0.7)
+        out.rect(x - 3, y - 3, width + 6, height + 6, 12, fill="#050708", stroke=drawing.TEAL, stroke_opacity=0.7)
         out.rect(x, y, width, height, 9, fill="url(#wheel)")
         with out.group("ribs", stroke="#0A0E0F", stroke_width=2):
             for i in range(7):
                 out.path(f"M {x + 3} {y + 8 + 8 * i} h {width - 6}")
         out.rect(x + 3, y + 21, width - 6, 15, 3, fill="#0C1011", fill_opacity=0.85)
-        parts.legend(out, MIDDLE, y + 33, "G3", 11, text_anchor="middle")
+        drawing.legend(out, MIDDLE, y + 33, "G3", 11, text_anchor="middle")
     for id_, points, x, turn in (("G9", TILT_LEFT, 624, -90), ("G10", TILT_RIGHT, 676, 90)):
         with out.group(id_):
-            out.path(parts.path_of(points), fill="url(#cap)", stroke="#55636A", stroke_opacity=0.8)
-            parts.legend(out, x, 240, id_, 11, text_anchor="middle",
+            out.path(drawing.path_of(points), fill="url(#cap)", stroke="#55636A", stroke_opacity=0.8)
+            drawing.legend(out, x, 240, id_, 11, text_anchor="middle",
                          transform=f"rotate({turn} {x} 240) translate(0 4)")
     for id_, rect, sign in (("G8", DPI_UP, "+"), ("G7", DPI_DOWN, "−")):
         x, y, width, height = rect
         with out.group(id_):
             out.rect(x, y, width, height, 6, fill="url(#cap)", stroke="#55636A")
-            parts.legend(out, x + 6, y + 15, id_, 12)
-            out.label(x + 6, y + 29, sign, 14, fill=parts.TEAL_BRIGHT, font_weight="bold")
+            drawing.legend(out, x + 6, y + 15, id_, 12)
+            out.label(x + 6, y + 29, sign, 14, fill=drawing.TEAL_BRIGHT, font_weight="bold")
     with out.group("dpi_lights"):
         for i in range(4):
-            out.rect(636 + 8 * i, 399, 4, 12, 2, fill=parts.TEAL if i < 2 else "#263033")
+            out.rect(636 + 8 * i, 399, 4, 12, 2, fill=drawing.TEAL if i < 2 else "#263033")
 
 
 def draw_thumb(out):
@@ -165,22 +165,22 @@ def draw_thumb(out):
         out.path(THUMB_PANEL, fill="#0C1011", stroke="#3F4B4F")
         for id_, points, y in (("G6", THUMB_FRONT, 377), ("G5", THUMB_MIDDLE, 425), ("G4", THUMB_BACK, 484)):
             with out.group(id_):
-                out.path(parts.path_of(points), fill="url(#cap)", stroke="#55636A", stroke_linejoin="round",
+                out.path(drawing.path_of(points), fill="url(#cap)", stroke="#55636A", stroke_linejoin="round",
                          stroke_width=1.5)
-                parts.legend(out, 552, y, id_, 12, text_anchor="middle")
+                drawing.legend(out, 552, y, id_, 12, text_anchor="middle")
 
 
 def draw_device():
     out = Picture("device", BOX, ZOOM)
     with out.defs():
-        parts.define_body(out)
+        drawing.define_body(out)
         out.gradient("across", ("#000000", 0.3), ("#FFFFFF", 0.07), ("#FFFFFF", 0), ("#000000", 0.3), across=True)
         out.gradient("button", "#434F53", "#2B3438")
         out.gradient("shell", "#323C40", "#1E2528")
         out.gradient("wheel", "#161C1E", "#566367", "#161C1E")
-        out.gradient("cap", *parts.CAP)
+        out.gradient("cap", *drawing.CAP)
         out.radial("pool", ("#3A5052", 1), ("#2A3B3D", 0.85), ("#1A2628", 0))
-    with out.group("device", font_family=parts.FONT):
+    with out.group("device", font_family=drawing.FONT):
         draw_body(out)
         draw_main_buttons(out)
         draw_spine(out)
@@ -191,24 +191,24 @@ def draw_device():
 def draw_icon():
     out = Picture("device_icon", (0, 0, 48, 48))
     with out.defs():
-        out.gradient("body", *parts.BODY)
+        out.gradient("body", *drawing.BODY)
     with out.group("icon"):
         out.path("M 24 3 C 33 3 37 8 37 18 V 30 C 37 40 32 45 24 45 C 16 45 11 40 11 30 V 18 C 11 8 15 3 24 3 Z",
                  fill="url(#body)", stroke="#8A999C")
         out.path("M 11.5 22 C 18 24 30 24 36.5 22 M 24 3.5 V 23", fill="none", stroke="#0C1011", stroke_width=1.5)
-        out.rect(22, 8, 4, 10, 2, fill=parts.TEAL)
+        out.rect(22, 8, 4, 10, 2, fill=drawing.TEAL)
         out.rect(9, 25, 3, 6, 1.5, fill="#C9D6D6")
         out.rect(9, 33, 3, 5, 1.5, fill="#C9D6D6")
-        parts.chevron(out, 24, 39, 9, fill="none", stroke=parts.TEAL, stroke_width=2)
+        drawing.chevron(out, 24, 39, 9, fill="none", stroke=drawing.TEAL, stroke_width=2)
     return out
 
 
 def pictures():
     yield draw_device()
     yield draw_icon()
-    yield from parts.hotspot_pictures("left", LEFT_BUTTON, LEFT_BOUNDS)
-    yield from parts.hotspot_pictures("right", RIGHT_BUTTON, RIGHT_BOUNDS)
+    yield from drawing.hotspot_pictures("left", LEFT_BUTTON, LEFT_BOUNDS)
+    yield from drawing.hotspot_pictures("right", RIGHT_BUTTON, RIGHT_BOUNDS)
     polygons = [key(WHEEL), key(DPI_UP), key(DPI_DOWN), THUMB_FRONT, THUMB_MIDDLE, THUMB_BACK]
-    yield parts.pulse_picture(
-        "glow_buttons", GLOW, [LEFT_BUTTON, RIGHT_BUTTON] + [parts.path_of(points) for points in polygons])
-    yield parts.pulse_picture("glow_wheel_tilt", GLOW, [parts.path_of(TILT_LEFT), parts.path_of(TILT_RIGHT)])
+    yield drawing.pulse_picture(
+        "glow_buttons", GLOW, [LEFT_BUTTON, RIGHT_BUTTON] + [drawing.path_of(points) for points in polygons])
+    yield drawing.pulse_picture("glow_wheel_tilt", GLOW, [drawing.path_of(TILT_LEFT), drawing.path_of(TILT_RIGHT)])

@@ -1,4 +1,4 @@
-"""What the devices have in common: colours, keys, mode buttons, glows."""
+"""What the pictures of the devices have in common: colours, keys, mode buttons, glows."""
 
 from .markup import Picture, number
 
@@ -76,7 +76,7 @@ def lettering(out, x, y, text, size, color, spacing):
 
 
 def chevron(out, x, y, size, **attributes):
-    """The maker's mark: a V of two strokes, its tip at (x, y)."""
+    """The mark on the devices: a V of two strokes, its tip at (x, y)."""
     half, top = size / 2, number(y - size * 0.8)
     out.path(f"M {number(x - half)} {top} L {x} {y} L {number(x + half)} {top}", **attributes)
 
