@@ -14,8 +14,9 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QtConcurrentRun>
 #include <QThread>
-#include <QTimer>
+#include <QThreadPool>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -110,6 +111,13 @@ bool isKnown(int state)
     return state == State::KnownMissing || state == State::Known;
 }
 
+/// Keeps workers from beginning for a moment, as other things that the application does would.
+void occupyAllThreads()
+{
+    for (int i = QThreadPool::globalInstance()->maxThreadCount(); i > 0; --i)
+        QtConcurrent::run([] { QThread::msleep(200); });
+}
+
 } // namespace
 
 class ScanForGamesDialogTest : public TestCase
@@ -148,6 +156,10 @@ private Q_SLOTS:
     void helpKeyOpensThePage();
     void enterDoesNothingBeforeTheEnd();
     void aSecondScanStartsAnew();
+    void dialogsMadeAtOnceScanEachForItself();
+    void endOfOneOfTwoDialogsLeavesTheOther_data();
+    void endOfOneOfTwoDialogsLeavesTheOther();
+    void dialogNeedNotWaitForAWorkerThatNeverBegan();
 
 private:
     std::unique_ptr<RecordingHost> m_host;
@@ -677,6 +689,62 @@ void ScanForGamesDialogTest::aSecondScanStartsAnew()
         QCOMPARE(scan.allRows(), QStringList("[x] new"));
         QCOMPARE(scan.count->text(), QString("1/1 profile(s) found"));
     }
+}
+
+void ScanForGamesDialogTest::dialogsMadeAtOnceScanEachForItself()
+{
+    m_files->addGame("new", {true});
+    m_files->write();
+    occupyAllThreads();
+    const Scan first;
+    const Scan second;
+    for (const Scan* const each : {&first, &second}) {
+        QTRY_VERIFY(each->isFinished());
+        QCOMPARE(each->allRows(), QStringList("[x] new"));
+    }
+}
+
+void ScanForGamesDialogTest::endOfOneOfTwoDialogsLeavesTheOther_data()
+{
+    QTest::addColumn<bool>("firstEnds");
+    QTest::addColumn<bool>("isCancelled");
+
+    QTest::newRow("first cancelled") << true << true;
+    QTest::newRow("second cancelled") << false << true;
+    QTest::newRow("first deleted") << true << false;
+    QTest::newRow("second deleted") << false << false;
+}
+
+void ScanForGamesDialogTest::endOfOneOfTwoDialogsLeavesTheOther()
+{
+    QFETCH(bool, firstEnds);
+    QFETCH(bool, isCancelled);
+    m_files->addGame("new", {true});
+    m_files->write();
+    occupyAllThreads();
+    auto ends = std::make_unique<Scan>();
+    auto stays = std::make_unique<Scan>();
+    if (!firstEnds)
+        std::swap(ends, stays);
+    if (isCancelled)
+        ends->cancel()->click();
+    else
+        ends.reset();
+    QTRY_VERIFY(stays->isFinished());
+    QCOMPARE(stays->allRows(), QStringList("[x] new"));
+}
+
+void ScanForGamesDialogTest::dialogNeedNotWaitForAWorkerThatNeverBegan()
+{
+    m_files->addGame("new", {true});
+    m_files->write();
+    occupyAllThreads();
+    const Scan first;
+    first.cancel()->click();
+    const Scan second;
+    QTRY_VERIFY(second.isFinished());
+    QCOMPARE(second.allRows(), QStringList("[x] new"));
+    QCOMPARE(first.allRows(), QStringList());
 }
 
 VELTRANO_TEST_MAIN(ScanForGamesDialogTest)
