@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Lines such as "HBox [Label, stretch, LineEdit]".
+/// As in "H[Name:, stretch, QLineEdit]": rows and columns with the texts of what they hold, or its kind.
 QString describe(const QLayout& layout)
 {
     QStringList parts;
