@@ -4,6 +4,7 @@
 #include <cMacroList.h>
 #include <IMacroType.h>
 #include <RecordingHost.h>
+#include <SignalLog.h>
 
 #include <QList>
 #include <QObject>
@@ -11,7 +12,6 @@
 #include <QStringList>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 
 class cMacroItem;
@@ -59,29 +59,6 @@ private:
 cJsonValue macro(const QString& uid, const QString& name, const QString& type = Keys, bool hidden = false);
 /// Commands "{1}", "{2}" and so on with those names.
 cJsonValue macros(const QStringList& names);
-
-/// Writes each signal of an object to the host's log, as in: MacroSelected({1})
-class SignalLog : public QObject
-{
-    Q_OBJECT
-
-public:
-    SignalLog(const QObject& sender, const QMetaObject& meta, RecordingHost& host);
-
-    /// Called after each line.
-    std::function<void(const QString&)> onLine;
-
-private Q_SLOTS:
-    void onPlain() { add(QString()); }
-    void onMacro(const cJsonValue& macro) { add(macro["uid"].toString()); }
-    void onText(const QString& text) { add('"' + text + '"'); }
-    void onPoint(const QPoint& point) { add(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())); }
-
-private:
-    void add(const QString& value);
-
-    RecordingHost& m_host;
-};
 
 /// Swallows what Qt says of the search box's style sheets, whose last brace closes nothing, while it lives.
 class StyleSheetRemark

@@ -41,7 +41,7 @@ void RowStage::make(const cJsonValue& record)
     panel.host.clear();
     row = std::make_unique<cMacroItem>(record, &parent);
     log = panel.takeLog();
-    signalLog = std::make_unique<SignalLog>(*row, cMacroItem::staticMetaObject, panel.host);
+    signalLog = std::make_unique<SignalLog>(*row, panel.host);
 }
 
 bool RowStage::send(QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons buttons,

@@ -55,5 +55,5 @@ public:
     std::unique_ptr<cMacroItem> row;
     /// The calls of the row's construction.
     QStringList log;
-    std::unique_ptr<CommandSupport::SignalLog> signalLog;
+    std::unique_ptr<SignalLog> signalLog;
 };
