@@ -19,7 +19,7 @@ void CommandSupport::show(const QString& profileID, const QString& category, con
 }
 
 FakeType::FakeType(const QString& uid, const QString& iconPath, bool isPrivate)
-    : m_isPrivate(isPrivate)
+    : PlainMacroType(cJsonValue(), isPrivate)
 {
     m_info["uid"] = uid;
     m_info["iconpath"] = iconPath;
@@ -43,28 +43,6 @@ cJsonValue CommandSupport::macros(const QStringList& names)
     for (int i = 0; i < names.size(); ++i)
         records.append(macro(QStringLiteral("{%1}").arg(i + 1), names[i]));
     return records;
-}
-
-namespace {
-
-QtMessageHandler s_next = nullptr;
-
-void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
-{
-    if (type != QtWarningMsg || !text.startsWith("Could not parse stylesheet of object cSearchBox("))
-        s_next(type, context, text);
-}
-
-} // namespace
-
-StyleSheetRemark::StyleSheetRemark()
-{
-    s_next = qInstallMessageHandler(handleMessage);
-}
-
-StyleSheetRemark::~StyleSheetRemark()
-{
-    qInstallMessageHandler(s_next);
 }
 
 Panel::Panel(bool isShown)

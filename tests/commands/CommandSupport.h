@@ -2,12 +2,11 @@
 
 #include <cJsonValue.h>
 #include <cMacroList.h>
-#include <IMacroType.h>
+#include <PlainMacroType.h>
 #include <RecordingHost.h>
 #include <SignalLog.h>
 
 #include <QList>
-#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
@@ -33,42 +32,16 @@ inline const QString Private = QStringLiteral("urn:private");
 void show(
     const QString& profileID, const QString& category = Category, const QStringList& controls = Controls);
 
-class FakeType final : public IMacroType
+/// A type of which only the id and the icon are asked.
+class FakeType final : public PlainMacroType
 {
-    Q_OBJECT
-
 public:
     FakeType(const QString& uid, const QString& iconPath, bool isPrivate = false);
-
-    cJsonValue info() override { return m_info; }
-    IMacroEditor* editor(cJsonValue) override { return nullptr; }
-    cJsonValue XmlToJson(QDomElement) override { return cJsonValue(); }
-    QDomElement JsonToXml(QDomDocument, cJsonValue) override { return QDomElement(); }
-    cPlayStatePtr createPlayState(cJsonValue) override { return cPlayStatePtr(); }
-    bool isRepeatable() override { return false; }
-    bool isPrivate() override { return m_isPrivate; }
-    bool isFixedName() override { return false; }
-    int getPriority() override { return 0; }
-
-    cJsonValue m_info;
-
-private:
-    const bool m_isPrivate;
 };
 
 cJsonValue macro(const QString& uid, const QString& name, const QString& type = Keys, bool hidden = false);
 /// Commands "{1}", "{2}" and so on with those names.
 cJsonValue macros(const QStringList& names);
-
-/// Swallows what Qt says of the search box's style sheets, whose last brace closes nothing, while it lives.
-class StyleSheetRemark
-{
-    Q_DISABLE_COPY(StyleSheetRemark)
-
-public:
-    StyleSheetRemark();
-    ~StyleSheetRemark();
-};
 
 /// A host with three types, a main window and a list of commands in it.
 class Panel
