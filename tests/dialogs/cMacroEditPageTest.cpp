@@ -72,7 +72,9 @@ void cMacroEditPageTest::newPageStartsEmpty()
     QCOMPARE(takeLog(), QStringList({"getAllMacroTypes()"}));
     QCOMPARE(page().property("uiType").toString(), QString("meBackground"));
     QCOMPARE(title(), QString());
+    QCOMPARE(part<QLabel>("DialogTitle")->textFormat(), Qt::PlainText);
     QCOMPARE(part<QLabel>("meNameLabel")->text(), QString("Name:"));
+    QCOMPARE(part<QLabel>("meNameLabel")->buddy(), &name());
     QCOMPARE(name().text(), QString());
     QCOMPARE(name().contextMenuPolicy(), Qt::NoContextMenu);
     QVERIFY(name().isVisible());
