@@ -4,32 +4,13 @@
 #include <cMacroTypeIconList.h>
 #include <FixedIds.h>
 #include <MetaMembers.h>
+#include <PaintCount.h>
 #include <ServiceNames.h>
 
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
 using namespace TestIds;
-
-namespace {
-
-/// Counts how often a widget is painted.
-class PaintCount : public QObject
-{
-    Q_OBJECT
-
-public:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++count;
-        return QObject::eventFilter(watched, event);
-    }
-
-    int count = 0;
-};
-
-} // namespace
 
 class cMacroTypeIconListTest : public CommandEditorTestCase
 {
@@ -290,16 +271,15 @@ void cMacroTypeIconListTest::focusIsSeen()
     const QColor bright(0x93c7c7);
     QVERIFY(markColor() != bright);
     QCoreApplication::processEvents();
-    PaintCount paints;
-    list->installEventFilter(&paints);
+    PaintCount paints(*list);
     list->setFocus(Qt::TabFocusReason);
     QVERIFY(list->hasFocus());
-    QTRY_VERIFY(paints.count > 0);
+    QTRY_VERIFY(paints.count() > 0);
     QCOMPARE(markColor(), bright);
     QCoreApplication::processEvents();
-    paints.count = 0;
+    paints.clear();
     window.findChild<QLineEdit*>()->setFocus();
-    QTRY_VERIFY(paints.count > 0);
+    QTRY_VERIFY(paints.count() > 0);
     // A click leaves the focus where the user types.
     QTest::mouseClick(list->findChildren<cMacroTypeIconItem*>().constFirst(), Qt::LeftButton);
     QVERIFY(window.findChild<QLineEdit*>()->hasFocus());
