@@ -4,6 +4,7 @@
 
 #include <QDomDocument>
 #include <QLoggingCategory>
+#include <QRegularExpression>
 
 const char* const PlainDevice = R"(
 <mstates>
@@ -177,6 +178,18 @@ void DeviceHost::assign(
     const QString& profileID, const QString& contextID, const QString& macroID, MKey::MKey_t inMode)
 {
     m_assignments[profileID + category() + QString::number(inMode) + contextID] = macroID;
+}
+
+QStringList DeviceHost::takeBriefLog()
+{
+    static const QRegularExpression extra(
+        "^\\w+\\.\\w+ |const |\\b(QString|MKey::MKey_t|bool) (?=[^)])|_Events| -> .*");
+    QStringList found;
+    for (QString line : host.takeLog()) {
+        if (!line.startsWith("require "))
+            found.append(line.remove(extra));
+    }
+    return found;
 }
 
 #include "DeviceHost.moc"

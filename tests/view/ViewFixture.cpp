@@ -3,6 +3,7 @@
 #include <cAnimatedPixmapWidget.h>
 #include <cGraphicsItem.h>
 #include <cMacroList.h>
+#include <cPulseGlowImage.h>
 #include <Gkey.h>
 #include <MagnetTextItem.h>
 
@@ -62,6 +63,15 @@ void ViewFixture::openWithCommands(const char* device)
     host.publishProfileSelectionChanged("{P}");
     QTRY_COMPARE(macroList()->count(), 2);
     host.clear();
+}
+
+bool ViewFixture::showOnScreen()
+{
+    canvas->setGeometry(20, 20, CanvasRect.width(), CanvasRect.height());
+    canvas->setFrameShape(QFrame::NoFrame);
+    canvas->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    canvas->show();
+    return QTest::qWaitForWindowActive(canvas.get());
 }
 
 void ViewFixture::showProfile(const QString& profileID)
@@ -127,6 +137,16 @@ QStringList ViewFixture::pulsatingModes() const
     for (const cGraphicsItem* button : items<cGraphicsItem>()) {
         if (button->pulseAnimation() && button->pulseAnimation()->state() == QAbstractAnimation::Running)
             found.append(button->id());
+    }
+    return found;
+}
+
+QStringList ViewFixture::litGlows() const
+{
+    QStringList found;
+    for (const cPulseGlowImage* glow : items<cPulseGlowImage>()) {
+        if (glow->isVisible())
+            found.append(QString::number(glow->x()));
     }
     return found;
 }

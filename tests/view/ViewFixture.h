@@ -49,6 +49,9 @@ public:
     /// Opens the view on "{P}" with "{1}" Jump on G1 and G3 and "{2}" Run on no key, and waits for the list
     /// of them.
     void openWithCommands(const char* device = PlainDevice);
+    /// Shows the canvas, whose points are then those of its scene, to the pointer of the display. False if it
+    /// does not come up.
+    bool showOnScreen();
     /// Publishes that the profile is about to be shown; its calls are taken.
     void showProfile(const QString& profileID);
 
@@ -86,6 +89,8 @@ public:
     /// The ids of the selected and of the pulsating mode buttons.
     QStringList selectedModes() const;
     QStringList pulsatingModes() const;
+    /// The x of those pulse glows that are lit.
+    QStringList litGlows() const;
     QFrame* commandFrame() const;
     cMacroList* macroList() const;
     /// The names of the commands that are selected in the list.

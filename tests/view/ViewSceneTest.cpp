@@ -258,14 +258,10 @@ void ViewSceneTest::glowTakesTheTypeOfItsOwnNumber()
                      "</pulseGlow></pulseGlows>"));
     // Of all glows those light whose one type fits.
     const auto lit = [&fixture](const char* type) {
-        QStringList places;
         fixture.host.answer("getMacroTypeByID",
             [type](const RecordedCall&) { return QVariant::fromValue(makeMacroType({QString(type)})); });
         fixture.call("onStartGkeyPulsate", Q_ARG(cJsonValue, makeMacro("{1}", "Jump")));
-        for (const cPulseGlowImage* glow : fixture.items<cPulseGlowImage>()) {
-            if (glow->isVisible())
-                places.append(QString::number(glow->x()));
-        }
+        const QStringList places = fixture.litGlows();
         fixture.call("onStopGkeyPulsate");
         return places;
     };
