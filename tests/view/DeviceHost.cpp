@@ -180,16 +180,21 @@ void DeviceHost::assign(
     m_assignments[profileID + category() + QString::number(inMode) + contextID] = macroID;
 }
 
-QStringList DeviceHost::takeBriefLog()
+QStringList DeviceHost::takeLog()
 {
-    static const QRegularExpression extra(
-        "^\\w+\\.\\w+ |const |\\b(QString|MKey::MKey_t|bool) (?=[^)])|_Events| -> .*");
     QStringList found;
-    for (QString line : host.takeLog()) {
+    for (const QString& line : host.takeLog()) {
         if (!line.startsWith("require "))
-            found.append(line.remove(extra));
+            found.append(line);
     }
     return found;
+}
+
+QStringList DeviceHost::takeBriefLog()
+{
+    return takeLog().replaceInStrings(
+        QRegularExpression("^\\w+\\.\\w+ |const |\\b(QString|MKey::MKey_t|bool) (?=[^)])|_Events| -> .*"),
+        QString());
 }
 
 #include "DeviceHost.moc"

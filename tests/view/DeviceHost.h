@@ -46,8 +46,9 @@ public:
     void assign(const QString& profileID, const QString& contextID, const QString& macroID,
         MKey::MKey_t inMode = MKey::M1);
 
-    /// The log since the last take without the lines of clients that are made; calls and events without
-    /// services and types.
+    /// The log since the last take without the lines of clients that are made.
+    QStringList takeLog();
+    /// The same with calls and events without services and types.
     QStringList takeBriefLog();
 
     // The host's data.
