@@ -25,6 +25,11 @@ const char* const GenericDevice = R"(
   <control id="G3"/>
 </controls>)";
 
+QStringList forPlainKeys(const QString& call)
+{
+    return {call.arg("G1"), call.arg("G2"), call.arg("G3")};
+}
+
 QByteArray makeManifest(const char* content, const char* model, const char* category)
 {
     return QByteArray("<device model='") + model + "'><profiler category='" + category

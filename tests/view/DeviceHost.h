@@ -14,6 +14,8 @@
 
 /// Three keys, three modes, no glows.
 extern const char* const PlainDevice;
+/// A call for each of its keys, whose id takes the place of "%1".
+QStringList forPlainKeys(const QString& call);
 /// G1 can't be empty, G2 has a generic command, G3 has none.
 extern const char* const GenericDevice;
 
