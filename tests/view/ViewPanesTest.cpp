@@ -2,6 +2,7 @@
 
 #include <cPanel.h>
 #include <cScalablePixmap.h>
+#include <SingleShots.h>
 #include <TestCase.h>
 
 #include <QElapsedTimer>
@@ -70,6 +71,19 @@ void bringUp(ViewFixture& fixture)
     fixture.host.clear();
 }
 
+/// With panes that have come in, so that no timer is under way any more.
+class RestingView : public ViewFixture
+{
+public:
+    RestingView()
+    {
+        bringUp(*this);
+        const Panes panes(*this);
+        QTRY_COMPARE(panes.count(), 3);
+        QTRY_VERIFY(!panes.areMoving());
+    }
+};
+
 } // namespace
 
 class ViewPanesTest : public TestCase
@@ -91,6 +105,7 @@ private Q_SLOTS:
     void closingMainWindowTakesThePanesAtOnce();
     void nothingComesAfterTheMainWindowHasClosed();
     void nextInitMakesPanesAgain();
+    void enterThatIsStillToComeOutlivesTheDeinit();
     void deinitBeforeTheEnterLeavesThePanesThatComeLater();
     void initWhilePanesAreThereUsesThem();
     void noRootItemMeansNoMask();
@@ -205,11 +220,8 @@ void ViewPanesTest::exitMovesEachOutside()
     QFETCH(QByteArray, property);
     QFETCH(QVariant, start);
     QFETCH(QVariant, end);
-    ViewFixture fixture;
+    RestingView fixture;
     const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QTRY_VERIFY(!panes.areMoving());
     QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
     QObject* const target = thing(panes, what);
     const QPropertyAnimation* const animation = panes.animationOf(target);
@@ -227,12 +239,9 @@ void ViewPanesTest::exitMovesEachOutside()
 
 void ViewPanesTest::secondEnterBeginsAnew()
 {
-    ViewFixture fixture;
+    RestingView fixture;
     const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
     const cPanel* const command = panes.command();
-    QTRY_VERIFY(!panes.areMoving());
     QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
     QCOMPARE(panes.count(), 3);
     QCOMPARE(panes.command(), command);
@@ -262,11 +271,8 @@ void ViewPanesTest::exitTurnsAnEnterAround()
 
 void ViewPanesTest::exitEndsByTheTimerAlone()
 {
-    ViewFixture fixture;
+    RestingView fixture;
     const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QTRY_VERIFY(!panes.areMoving());
     QElapsedTimer time;
     time.start();
     QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
@@ -328,11 +334,13 @@ void ViewPanesTest::nothingComesAfterTheMainWindowHasClosed()
     QCOMPARE(panes.count(), 0);
     QVERIFY(fixture.call("onPaneAndMaskExitAnimation"));
     QCOMPARE(panes.count(), 0);
+    const int timers = singleShots(250);
     QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
     QCOMPARE(panes.count(), 0);
     QCOMPARE(panes.animations().size(), 0);
-    // The timers of init() and of the exit come by, and nothing is left for them.
-    QTest::qWait(300);
+    // The exit's timer starts all the same. It comes by as that of init() does, and nothing is left for them.
+    QCOMPARE(singleShots(250), timers + 1);
+    QTRY_COMPARE(singleShots(250), 0);
     QCOMPARE(panes.count(), 0);
 }
 
@@ -348,6 +356,22 @@ void ViewPanesTest::nextInitMakesPanesAgain()
     QTRY_COMPARE(panes.command()->pos(), QPointF(CommandPaneAtRest));
 }
 
+void ViewPanesTest::enterThatIsStillToComeOutlivesTheDeinit()
+{
+    ViewFixture fixture;
+    const Panes panes(fixture);
+    bringUp(fixture);
+    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
+    QCOMPARE(panes.count(), 0);
+    fixture.host.clear();
+    // Heard, not looked for: the exit, which was asked for a moment later, ends at nearly the same time.
+    QTRY_COMPARE(singleShots(250), 0);
+    QCOMPARE(fixture.host.takeLog(),
+        QStringList({"subscribe MainUI_Events on", "subscribe MainUI_Events on", "unsubscribe MainUI_Events",
+            "unsubscribe MainUI_Events"}));
+    QCOMPARE(panes.count(), 0);
+}
+
 void ViewPanesTest::deinitBeforeTheEnterLeavesThePanesThatComeLater()
 {
     ViewFixture fixture;
@@ -360,6 +384,14 @@ void ViewPanesTest::deinitBeforeTheEnterLeavesThePanesThatComeLater()
     QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
     QCOMPARE(panes.count(), 3);
     QVERIFY(panes.areMoving());
+    QTRY_COMPARE(panes.count(), 0);
+    // With no exit under way they stay until the next one.
+    QTRY_COMPARE(singleShots(250), 0);
+    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
+    QTRY_COMPARE(panes.command()->pos(), QPointF(CommandPaneAtRest));
+    QTRY_VERIFY(!panes.areMoving());
+    QVERIFY(panes.profile());
+    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
     QTRY_COMPARE(panes.count(), 0);
 }
 
