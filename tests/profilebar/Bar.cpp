@@ -5,8 +5,8 @@
 
 #include <QCoreApplication>
 
-Bar::Bar(const QStringList& names, const QString& last)
-    : host(names)
+Bar::Bar(const QStringList& names, const QString& last, const QString& pictures)
+    : host(names, pictures)
 {
     host.settings["profiler/lastProfile"] = ProfileHost::idOf(last);
     bar = new cProfileBar(QRectF(0, 0, 593, 96), "{before}", nullptr);

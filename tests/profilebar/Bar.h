@@ -22,8 +22,9 @@ class Bar
     Q_DISABLE_COPY(Bar)
 
 public:
-    /// `last` is the name of the profile of the last run.
-    explicit Bar(const QStringList& names = {"Alpha", "Default"}, const QString& last = "Alpha");
+    /// `last` is the name of the profile of the last run, `pictures` a folder in the place of the plug-in's.
+    explicit Bar(const QStringList& names = {"Alpha", "Default"}, const QString& last = "Alpha",
+        const QString& pictures = QString());
 
     template<typename Item>
     QList<Item*> children() const

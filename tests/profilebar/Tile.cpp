@@ -1,10 +1,8 @@
 #include "Tile.h"
 
 #include <cClickableLabel.h>
-#include <TestPictures.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QLabel>
 #include <QMouseEvent>
 
@@ -17,7 +15,6 @@ const QColor TilePictures::Icon(10, 20, 30);
 
 TilePictures::TilePictures()
 {
-    QDir(folder.path()).mkpath("Resources/images");
     add("profile_outline.png", 54, 54, Well);
     add("profile_icon_well_selected.png", 54, 54, SelectedWell);
     add("selected.png", 14, 9, SelectedMarker);
@@ -26,13 +23,8 @@ TilePictures::TilePictures()
     add("pointer_left-click.png", 16, 16, Qt::white);
 }
 
-void TilePictures::add(const char* name, int width, int height, const QColor& color)
-{
-    filledPicture(width, height, color).save(folder.filePath(QString("Resources/images/") + name));
-}
-
 Tile::Tile(const QString& name)
-    : host({}, m_pictures.folder.path())
+    : host({}, m_pictures.path())
     , item("{id}", name, filledPicture(48, 48, TilePictures::Icon))
 {
     item.show();

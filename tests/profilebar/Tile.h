@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ColorPictures.h"
 #include "ProfileHost.h"
 
 #include <cProfileItem.h>
@@ -8,16 +9,13 @@
 #include <QEvent>
 #include <QImage>
 #include <QString>
-#include <QTemporaryDir>
 
 class cClickableLabel;
 class QLabel;
 
 /// The plug-in's pictures of a tile as fields of one colour each.
-class TilePictures
+class TilePictures : public ColorPictures
 {
-    Q_DISABLE_COPY(TilePictures)
-
 public:
     TilePictures();
 
@@ -28,11 +26,6 @@ public:
     static const QColor Balloon;
     /// That of the profile.
     static const QColor Icon;
-
-    QTemporaryDir folder;
-
-private:
-    void add(const char* name, int width, int height, const QColor& color);
 };
 
 /// The tile of the profile "{id}" as the list has it.

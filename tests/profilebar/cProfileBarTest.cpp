@@ -1,5 +1,7 @@
 #include "Bar.h"
+#include "ColorPictures.h"
 
+#include <cGraphicsMenuButton.h>
 #include <cGraphicsRibbonButton.h>
 #include <cGraphicsText.h>
 #include <cSearchBox.h>
@@ -7,9 +9,14 @@
 #include <MetaMembers.h>
 #include <SceneEvents.h>
 #include <TestCase.h>
+#include <TestPictures.h>
 
+#include <QFont>
+#include <QFontMetrics>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QPen>
+#include <QScreen>
 #include <QSignalSpy>
 
 #include <memory>
@@ -23,6 +30,9 @@ private Q_SLOTS:
     void membersAreReachableByName();
     void comesUpInOrder();
     void titleButtonsAndArrowsStandInPlace();
+    void titleIsWrittenInItsFont();
+    void picturesStandInTheButtons_data();
+    void picturesStandInTheButtons();
     void paintsNothing();
     void hoverIsPassedOn();
 
@@ -108,6 +118,101 @@ void cProfileBarTest::titleButtonsAndArrowsStandInPlace()
     for (const QGraphicsItem* item : on.newButton().childItems())
         tips.append(item->toolTip());
     QVERIFY(tips.contains("Create new profile"));
+}
+
+void cProfileBarTest::titleIsWrittenInItsFont()
+{
+    const Bar on;
+    const cGraphicsText& title = *on.children<cGraphicsText>().at(0);
+    // On one line, in plain Arial of 15 points at 96 dots per inch.
+    QFont font("Arial");
+    font.setWeight(50);
+    font.setPointSizeF(15 * 96.0 / QGuiApplication::primaryScreen()->logicalDotsPerInchX());
+    const QSize size = QFontMetrics(font).size(Qt::TextSingleLine, title.text());
+    QCOMPARE(title.boundingRect().size().toSize().height(), size.height());
+    QVERIFY(qAbs(title.boundingRect().width() - size.width()) <= 2);
+}
+
+namespace {
+
+using ButtonOf = cGraphicsButton& (*)(const Bar&);
+
+/// The main button of the ribbon, or the arrow in the strip under it.
+cGraphicsButton& partOfRibbon(const Bar& on, bool isStrip)
+{
+    on.newButton().showMenu(true);
+    for (QGraphicsItem* part : on.newButton().childItems()) {
+        if (isStrip == (dynamic_cast<cGraphicsMenuButton*>(part) != nullptr)) {
+            auto* const shown = isStrip ? part->childItems().constFirst() : part;
+            return dynamic_cast<cGraphicsButton&>(*shown);
+        }
+    }
+    qFatal("no such part");
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(ButtonOf)
+
+void cProfileBarTest::picturesStandInTheButtons_data()
+{
+    QTest::addColumn<QString>("normal");
+    QTest::addColumn<QString>("hover");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<ButtonOf>("buttonOf");
+    // In the scene, for a bar at its origin.
+    QTest::addColumn<QRect>("place");
+    // In the middle of 27 pixels, 5 below the upper edge.
+    QTest::newRow("new") << "icon_new_normal.png"
+                         << "icon_new_hover.png" << QSize(21, 20)
+                         << ButtonOf(
+                                [](const Bar& on) -> cGraphicsButton& { return partOfRibbon(on, false); })
+                         << QRect(-6 + 3, 54 + 5, 21, 20);
+    QTest::newRow("menu of new") << "pointer_down_up.png"
+                                 << "pointer_down_hover.png" << QSize(9, 6)
+                                 << ButtonOf([](const Bar& on) -> cGraphicsButton& {
+                                        return partOfRibbon(on, true);
+                                    })
+                                 << QRect(-6 + 9, 54 + 31 + 2, 9, 6);
+    QTest::newRow("import") << "folder_normal.png"
+                            << "folder_hover.png" << QSize(21, 20)
+                            << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.importButton(); })
+                            << QRect(27 + 3, 54 + 5, 21, 20);
+    QTest::newRow("print") << "print_profile.png"
+                           << "print_profile_hover.png" << QSize(21, 20)
+                           << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.printButton(); })
+                           << QRect(59 + 3, 54 + 5, 21, 20);
+    // The arrows have one picture alone.
+    QTest::newRow("left") << "pointer_left_large.png" << QString() << QSize(12, 46)
+                          << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.left(); })
+                          << QRect(143, 22, 12, 46);
+    QTest::newRow("right") << "pointer_right_large.png" << QString() << QSize(12, 46)
+                           << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.right(); })
+                           << QRect(579, 22, 12, 46);
+}
+
+void cProfileBarTest::picturesStandInTheButtons()
+{
+    QFETCH(QString, normal);
+    QFETCH(QString, hover);
+    QFETCH(QSize, size);
+    QFETCH(ButtonOf, buttonOf);
+    QFETCH(QRect, place);
+    ColorPictures pictures;
+    pictures.add(qPrintable(normal), size.width(), size.height(), Qt::red);
+    if (!hover.isEmpty())
+        pictures.add(qPrintable(hover), size.width(), size.height(), Qt::green);
+    const Bar on({"Alpha", "Default"}, "Alpha", pictures.path());
+    cGraphicsButton& button = buttonOf(on);
+    const auto extent = [&](const QColor& color) {
+        const QRect found = colorExtent(SceneEvents::painted(button, QSize(60, 60)), color);
+        return found.isNull() ? found : found.translated(button.scenePos().toPoint());
+    };
+    QCOMPARE(extent(Qt::red), place);
+    SceneEvents::hoverEnter(button);
+    QCOMPARE(extent(hover.isEmpty() ? Qt::red : Qt::green), place);
+    SceneEvents::hoverLeave(button);
+    QCOMPARE(extent(Qt::red), place);
 }
 
 void cProfileBarTest::paintsNothing()

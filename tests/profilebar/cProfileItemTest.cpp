@@ -1,6 +1,7 @@
 #include "Tile.h"
 
 #include <cClickableLabel.h>
+#include <cScaledFont.h>
 #include <MetaMembers.h>
 #include <TestCase.h>
 #include <TestPictures.h>
@@ -8,6 +9,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLoggingCategory>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QToolTip>
 
@@ -22,6 +24,8 @@ private Q_SLOTS:
     void selectionChangesTheWellOnly();
     void currentHasMarkerAndOtherColor();
     void namesAreCentredOrCutOff();
+    void namesAreWrittenInTheirFonts_data();
+    void namesAreWrittenInTheirFonts();
     void deviceBalloonStandsAtTheRight();
     void renamingTells();
 
@@ -134,6 +138,53 @@ void cProfileItemTest::namesAreCentredOrCutOff()
     QVERIFY(wide.left() <= 1);
     QCOMPARE(wide.right(), 61);
     QVERIFY(inkOf(QString()).isNull());
+}
+
+void cProfileItemTest::namesAreWrittenInTheirFonts_data()
+{
+    QTest::addColumn<bool>("isCurrent");
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("another profile") << false << QColor(Qt::gray);
+    QTest::newRow("the current profile") << true << QColor(Qt::cyan);
+}
+
+void cProfileItemTest::namesAreWrittenInTheirFonts()
+{
+    QFETCH(bool, isCurrent);
+    QFETCH(QColor, color);
+    const auto font = [](qreal designSize) {
+        cScaledFont made("Arial", designSize);
+        made.setFixedPitch(true);
+        made.setStyleStrategy(QFont::ForceOutline);
+        return made;
+    };
+    const auto written = [](const QString& text, const QFont& in, const QColor& ink, const QSize& size,
+                             const QColor& background) {
+        QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(background);
+        // On a transparent picture first, which is what the tile keeps.
+        QPixmap kept(size);
+        kept.fill(Qt::transparent);
+        {
+            QPainter painter(&kept);
+            painter.setFont(in);
+            painter.setPen(ink);
+            painter.drawText(QRect(QPoint(0, 0), size), Qt::TextSingleLine | Qt::AlignCenter, text);
+        }
+        QPainter(&picture).drawPixmap(0, 0, kept);
+        return picture;
+    };
+    Tile tile;
+    tile.item.setCurrent(isCurrent);
+    const int height = QFontMetrics(font(8)).size(Qt::TextSingleLine, "Alpha").height();
+    QCOMPARE(
+        tile.grab().copy(0, 70, 62, height), written("Alpha", font(8), color, QSize(62, height), Qt::black));
+    // That of the device is smaller, on a picture as large as the other font would take.
+    tile.item.setDeviceId("m51");
+    const QSize size = QFontMetrics(font(8)).size(Qt::TextSingleLine, "M51");
+    const QPoint corner(56 - 34 / 2 - size.width() / 2, 17);
+    QCOMPARE(tile.grab().copy(QRect(corner, size)),
+        written("M51", font(7), Qt::white, size, TilePictures::Balloon));
 }
 
 void cProfileItemTest::deviceBalloonStandsAtTheRight()

@@ -40,6 +40,9 @@ private Q_SLOTS:
     void iconsAre48Wide();
     void namesOfAllKinds_data();
     void namesOfAllKinds();
+    void hoverOfATileIsTheLists();
+    void tileDragIsHandedToEachTile();
+    void currentIsScrolledIntoSight();
     void fiveHundredProfiles();
 };
 
@@ -212,6 +215,65 @@ void cProfileListTest::namesOfAllKinds()
         QCOMPARE(QTextDocumentFragment::fromHtml(tile->toolTip()).toPlainText(), name);
     else
         QCOMPARE(tile->toolTip(), name);
+}
+
+void cProfileListTest::hoverOfATileIsTheLists()
+{
+    const Strip strip({"Alpha"}, "Alpha");
+    QSignalSpy in(&strip.list, SIGNAL(hoverIn()));
+    QSignalSpy out(&strip.list, SIGNAL(hoverOut()));
+    QVERIFY(QMetaObject::invokeMethod(strip.tile("Alpha"), "hoverIn"));
+    QCOMPARE(in.size(), 1);
+    // Who leaves a tile is on the list still.
+    QVERIFY(QMetaObject::invokeMethod(strip.tile("Alpha"), "hoverOut"));
+    QCOMPARE(out.size(), 0);
+}
+
+void cProfileListTest::tileDragIsHandedToEachTile()
+{
+    Strip strip({"Alpha", "Beta"}, "Alpha");
+    // A tile that can be dragged closes the hand.
+    const auto draggable = [&strip] {
+        QStringList found;
+        for (const QString& name : strip.names()) {
+            cProfileItem* const tile = strip.tile(name);
+            tile->setCursor(Qt::ArrowCursor);
+            QTest::mousePress(tile, Qt::LeftButton);
+            if (tile->cursor().shape() == Qt::ClosedHandCursor)
+                found.append(name);
+            QTest::mouseRelease(tile, Qt::LeftButton);
+        }
+        return found;
+    };
+    QCOMPARE(draggable(), QStringList());
+    strip.list.setTileDragEnabled(true);
+    QCOMPARE(draggable(), QStringList({"Alpha", "Beta"}));
+    strip.host.add("Gamma");
+    QCOMPARE(draggable(), QStringList({"Alpha", "Beta", "Gamma"}));
+    strip.list.setTileDragEnabled(false);
+    strip.host.add("Delta");
+    QCOMPARE(draggable(), QStringList());
+}
+
+void cProfileListTest::currentIsScrolledIntoSight()
+{
+    Strip strip(ProfileHost::someNames(20), "Default");
+    const auto isInSight = [&strip](const QString& name) {
+        const QRect tile = strip.list.visualItemRect(strip.list.item(strip.names().indexOf(name)));
+        // Qt leaves out the last column of pixels.
+        return tile.left() >= 0 && tile.right() <= strip.list.viewport()->width();
+    };
+    QVERIFY(isInSight("Default") && !isInSight("P019"));
+    strip.list.selectProfile(ProfileHost::idOf("P019"));
+    QVERIFY(isInSight("P019") && !isInSight("Default"));
+    strip.list.horizontalScrollBar()->setValue(0);
+    QVERIFY(!isInSight("P019"));
+    strip.list.ensureCurrentVisible();
+    QVERIFY(isInSight("P019"));
+    // Without any tile there is nothing to do.
+    Strip empty({});
+    empty.list.ensureCurrentVisible();
+    QCOMPARE(empty.list.horizontalScrollBar()->value(), 0);
 }
 
 void cProfileListTest::fiveHundredProfiles()
