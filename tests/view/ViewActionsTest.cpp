@@ -110,10 +110,13 @@ private Q_SLOTS:
     void scriptActionsReachTheBar();
     void dialogsEndWithTheSlotThatOpensThem_data();
     void dialogsEndWithTheSlotThatOpensThem();
+    void viewIsClosedWhileADialogIsOpen_data();
+    void viewIsClosedWhileADialogIsOpen();
 
     void sortActions();
     void sortMenu();
     void sortMenuWithoutAWindow();
+    void viewIsClosedWhileTheSortMenuIsOpen();
 };
 
 void ViewActionsTest::barStandsInItsPane()
@@ -348,6 +351,33 @@ void ViewActionsTest::dialogsEndWithTheSlotThatOpensThem()
     QVERIFY(!opened);
 }
 
+void ViewActionsTest::viewIsClosedWhileADialogIsOpen_data()
+{
+    QTest::addColumn<QByteArray>("slot");
+    for (const char* slot : {"newProfile", "scanForGames", "onAutoScanForGames"})
+        QTest::newRow(slot) << QByteArray(slot);
+}
+
+void ViewActionsTest::viewIsClosedWhileADialogIsOpen()
+{
+    QFETCH(QByteArray, slot);
+    View on;
+    openWithPanes(on);
+    const GameDatabase none;
+    const QPointer<cProfileBar> bar(on.bar());
+    const DialogDriver driver([&](QDialog& dialog) {
+        on.view.deinit(cJsonValue(), on.canvas.get());
+        QTRY_VERIFY(!bar);
+        // It is the window's, and stays until its user is done with it.
+        QVERIFY(dialog.isVisible());
+    });
+    QVERIFY(on.call(slot));
+    QVERIFY(driver.hasRun());
+    QVERIFY(!bar);
+    openWithPanes(on);
+    QVERIFY(on.bar());
+}
+
 void ViewActionsTest::sortActions()
 {
     View on;
@@ -398,6 +428,21 @@ void ViewActionsTest::sortMenuWithoutAWindow()
     const MenuDriver driver([](QMenu&) {});
     on.call("onSortIconClicked", Q_ARG(QPoint, QPoint(30, 40)));
     QVERIFY(!driver.hasRun());
+}
+
+void ViewActionsTest::viewIsClosedWhileTheSortMenuIsOpen()
+{
+    View on;
+    on.open();
+    const MenuDriver driver([&](QMenu& menu) {
+        on.view.deinit(cJsonValue(), on.canvas.get());
+        on.host.clear();
+        menu.actions().last()->trigger();
+    });
+    QVERIFY(on.call("onSortIconClicked", Q_ARG(QPoint, QPoint(30, 40))));
+    QVERIFY(driver.hasRun());
+    QVERIFY(!on.macroList());
+    QCOMPARE(on.host.takeCalls(), QStringList());
 }
 
 VELTRANO_TEST_MAIN(ViewActionsTest)
