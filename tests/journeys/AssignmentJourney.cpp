@@ -17,6 +17,7 @@ private Q_SLOTS:
     void dropsThatMeanNothingChangeNothing();
     void keyIsEmptiedOnTheTrashCan();
     void modesHaveTheirOwnCommands();
+    void modeButtonRestsWhileThePointerIsOnAPanel();
     void commandIsEditedOnDoubleClick();
     void keyIsEmptiedByItsMenu();
     void commandIsFoundAndEditedByKeyboard();
@@ -121,6 +122,23 @@ void AssignmentJourney::modesHaveTheirOwnCommands()
     m_journey->drag(commandRow(1), KeyG1);
     QTRY_COMPARE(m_journey->commandOn("M2 G1"), QString("2"));
     QCOMPARE(m_journey->assignments().value("M1 G1"), before.value("M1 G1"));
+}
+
+void AssignmentJourney::modeButtonRestsWhileThePointerIsOnAPanel()
+{
+    const auto changesWithin = [this](int milliseconds) {
+        const QImage before = m_journey->picture().copy(ModeM1Area);
+        return QTest::qWaitFor([&] { return m_journey->picture().copy(ModeM1Area) != before; }, milliseconds);
+    };
+    QVERIFY(changesWithin(20000));
+    // The list, its button, the bar.
+    for (const QPoint& panel : {commandRow(3), NewCommandButton, BarTitle}) {
+        m_journey->moveTo(panel);
+        m_journey->restingPicture(ModeM1Area);
+        QVERIFY(!changesWithin(1500));
+        m_journey->moveTo(BareCanvas);
+        QVERIFY(changesWithin(20000));
+    }
 }
 
 void AssignmentJourney::commandIsEditedOnDoubleClick()

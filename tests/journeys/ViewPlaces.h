@@ -33,7 +33,12 @@ inline constexpr QPoint KeyG1 = onCanvas(396, 283);
 inline constexpr QPoint KeyG2 = onCanvas(480, 275);
 inline constexpr QPoint KeyG14 = onCanvas(900, 340);
 inline constexpr QPoint KeyG15 = onCanvas(480, 395);
+/// The button of the first mode.
+inline constexpr QRect ModeM1Area(onCanvas(764, 173), QSize(48, 26));
 inline constexpr QPoint ModeM2 = onCanvas(844, 186);
+inline constexpr QPoint NewCommandButton = onCanvas(261, 167);
+/// Where the bar has nothing but its title.
+inline constexpr QPoint BarTitle = onCanvas(400, 50);
 inline constexpr QPoint NewButton = onCanvas(359, 108);
 inline constexpr QPoint NewMenuArrow = onCanvas(359, 127);
 inline constexpr QPoint ImportButton = onCanvas(392, 106);
