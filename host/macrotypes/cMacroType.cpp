@@ -26,10 +26,14 @@ cJsonValue cMacroType::info()
 
 cJsonValue cMacroType::XmlToJson(QDomElement macroDataDomElement)
 {
+    const auto element = XmlElement::fromDom(macroDataDomElement);
+    return element ? read(*element) : cJsonValue();
+}
+
+cJsonValue cMacroType::read(const XmlElement& element) const
+{
     cJsonValue data;
-    if (macroDataDomElement.tagName() != m_traits.tag || !readElement(macroDataDomElement, data))
-        return {};
-    return data;
+    return element.name == m_traits.tag && readElement(element, data) ? data : cJsonValue();
 }
 
 QDomElement cMacroType::JsonToXml(QDomDocument doc, cJsonValue macro)
@@ -53,9 +57,9 @@ QStringList cMacroType::anyControl()
         ControlTypes::StickPress};
 }
 
-bool cMacroType::readElement(const QDomElement& element, cJsonValue& data) const
+bool cMacroType::readElement(const XmlElement& element, cJsonValue& data) const
 {
-    return RecordXml::isEmpty(element) && RecordXml::read(element, m_traits.fields, data);
+    return element.isEmpty() && RecordXml::read(element, m_traits.fields, data);
 }
 
 bool cMacroType::writeElement(const cJsonValue& data, QDomElement& element) const
