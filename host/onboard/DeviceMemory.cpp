@@ -91,7 +91,7 @@ DeviceMemory::Contents DeviceMemory::write(const Changes& changes, const std::at
         QFile::remove(folder.filePath(leftover));
     for (const QString& fileName : changes.removed) {
         QFile file(folder.filePath(fileName));
-        if (error.isEmpty() && file.exists() && !file.remove())
+        if (file.exists() && !file.remove() && error.isEmpty())
             error = file.errorString();
     }
     for (auto each = changes.written.begin(); each != changes.written.end() && error.isEmpty(); ++each)

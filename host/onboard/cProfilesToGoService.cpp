@@ -139,6 +139,7 @@ void cProfilesToGoService::onFolderChanged()
             continue;
         device->isConnected = isThere;
         device->stored.clear();
+        device->unremovable.clear();
         // A job under way finds out by itself.
         device->wasReplaced = device->activity != Activity::None;
         if (isThere && device->activity == Activity::None)
@@ -157,6 +158,8 @@ void cProfilesToGoService::startReading(Device& device)
 void cProfilesToGoService::startWriting(Device& device, const DeviceMemory::Changes& changes)
 {
     const DeviceMemory memory = device.memory;
+    device.toRemove = changes.removed;
+    device.removesOnly = changes.written.isEmpty() && !changes.removed.isEmpty();
     startJob(device, Activity::Writing, [this, memory, changes] { return memory.write(changes, m_hurry); });
 }
 
@@ -178,16 +181,12 @@ void cProfilesToGoService::onJobFinished()
     const Activity ended = std::exchange(device.activity, Activity::None);
     const DeviceMemory::Contents contents = device.watcher.result();
     const bool isFailed = !contents.error.isEmpty();
-    if (isFailed) {
-        Q_EMIT problem(ended == Activity::Writing
-                ? tr(
-                    "The profiles could not be written to %1: %2. They are kept on this computer; write them "
-                    "again later.")
-                      .arg(device.name, contents.error)
-                : tr("The profiles in %1 could not be read: %2.").arg(device.name, contents.error));
-    }
+    if (isFailed)
+        Q_EMIT problem(failureText(device, ended, contents.error));
     device.isConnected = device.memory.isThere();
     takeContents(device, device.isConnected ? contents : DeviceMemory::Contents());
+    if (ended == Activity::Writing)
+        noteUnremovable(device);
     if (ended == Activity::Reading && device.isConnected && !isFailed)
         adoptUnknown(device);
     if (device.isConnected && !isFailed)
@@ -205,6 +204,32 @@ void cProfilesToGoService::onJobFinished()
         commitDevice(device.id);
     else if (device.isConnected && (ended == Activity::Reading || !device.deleted.ids().isEmpty()))
         commit(device, true);
+}
+
+QString cProfilesToGoService::failureText(const Device& device, Activity activity, const QString& error)
+{
+    if (activity == Activity::Reading)
+        return tr("The profiles in %1 could not be read: %2.").arg(device.name, error);
+    if (device.removesOnly) {
+        return tr("What was deleted could not be removed from %1: %2. Write to the device or connect it again "
+                  "to try once more.")
+            .arg(device.name, error);
+    }
+    return tr("The profiles could not be written to %1: %2. They are kept on this computer; write them again "
+              "later.")
+        .arg(device.name, error);
+}
+
+void cProfilesToGoService::noteUnremovable(Device& device)
+{
+    for (const QString& fileName : qAsConst(device.toRemove)) {
+        const bool isThere = std::any_of(device.stored.begin(), device.stored.end(),
+            [&](const Stored& stored) { return stored.document.fileName == fileName; });
+        if (isThere)
+            device.unremovable.insert(fileName);
+        else
+            device.unremovable.remove(fileName);
+    }
 }
 
 void cProfilesToGoService::forgetRemoved(Device& device)
@@ -315,8 +340,10 @@ DeviceMemory::Changes cProfilesToGoService::changesFor(Device& device, bool remo
     }
     device.known |= bound;
     for (const Stored& stored : device.stored) {
-        const QString id = stored.profile ? stored.profile->uid().toUpper() : QString();
-        if (stored.profile && device.known.contains(id) && !bound.contains(id))
+        if (!stored.profile || (removalsOnly && device.unremovable.contains(stored.document.fileName)))
+            continue;
+        const QString id = stored.profile->uid().toUpper();
+        if (device.known.contains(id) && !bound.contains(id))
             changes.removed.append(stored.document.fileName);
     }
     return changes;
@@ -405,12 +432,14 @@ bool cProfilesToGoService::isAnyBusy() const
 void cProfilesToGoService::onProfileDeleted(const QString& profileID)
 {
     for (const auto& device : m_devices) {
-        const bool isStored = storedProfile(*device, profileID);
+        const Stored* stored = storedProfile(*device, profileID);
         const bool isBusy = device->activity != Activity::None;
         device->known.insert(profileID.toUpper());
-        if (!m_profiles.isReadOnly() && (isStored || isBusy || !device->isConnected))
+        if (!m_profiles.isReadOnly() && (stored || isBusy || !device->isConnected))
             tellUnsaved(*device, device->deleted.add(profileID));
-        if (isStored && !isBusy)
+        if (stored)
+            device->unremovable.remove(stored->document.fileName);
+        if (stored && !isBusy)
             commit(*device, true);
     }
 }

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void documentLargerThanTheMemoryIsNotRead();
     void foldersAndOtherFilesAreNoDocuments();
     void changesAreCarriedOut();
+    void documentThatCantBeRemovedIsToldAndHoldsUpNoOther();
     void leftoversOfABrokenWriteGo();
     void memoryTakesItsTimeUnlessItMustHurry();
     void memoryThatIsPulledOutKeepsTheOldDocument();
@@ -95,6 +96,20 @@ void DeviceMemoryTest::changesAreCarriedOut()
     QCOMPARE(content("a.xml"), QByteArray(5000, 'n'));
     QCOMPARE(content("c.xml"), QByteArray("new"));
     QVERIFY(!QFile::exists(path("b.xml")));
+}
+
+void DeviceMemoryTest::documentThatCantBeRemovedIsToldAndHoldsUpNoOther()
+{
+    // A folder that holds something does not go like a document.
+    DeviceFolder::write(path("a.xml/inner"), "x");
+    DeviceFolder::write(path("b.xml"), "x");
+    DeviceMemory::Changes changes;
+    changes.removed = QStringList({"a.xml", "b.xml"});
+    changes.written["c.xml"] = "needs the room";
+    const DeviceMemory::Contents contents = memory().write(changes, m_noHurry);
+    QVERIFY(!contents.error.isEmpty());
+    QVERIFY(!QFile::exists(path("b.xml")));
+    QVERIFY(!QFile::exists(path("c.xml")));
 }
 
 void DeviceMemoryTest::leftoversOfABrokenWriteGo()

@@ -1,9 +1,11 @@
 #include "OnBoardTestCase.h"
 
+#include <OrdinaryUser.h>
 #include <ProfileStore.h>
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 /// Profiles that the user deletes while a device holds them.
 class OnBoardDeletionTest : public OnBoardTestCase
@@ -17,7 +19,25 @@ private Q_SLOTS:
     void profileThatWasDeletedMeanwhileStaysAwayAfterARestart();
     void profileThatWasDeletedWhileItIsWrittenLeavesTheDevice();
     void undoneDeletionLeavesTheProfileOnTheDevice();
+    void profileThatCantBeRemovedIsToldOnce();
+    void profileThatCantBeRemovedIsTriedAgainUponAnOccasion_data();
+    void profileThatCantBeRemovedIsTriedAgainUponAnOccasion();
+
+private:
+    QString folderOfTheTest() const { return QFileInfo(memoryPath() + "/../..").canonicalFilePath(); }
+    void lockMemory() const;
+    void unlockMemory() const;
 };
+
+void OnBoardDeletionTest::lockMemory() const
+{
+    QVERIFY(QFile::setPermissions(memoryPath(), QFile::ReadOwner | QFile::ExeOwner));
+}
+
+void OnBoardDeletionTest::unlockMemory() const
+{
+    QVERIFY(QFile::setPermissions(memoryPath(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
 
 void OnBoardDeletionTest::deletedProfileLeavesTheDevice()
 {
@@ -107,6 +127,77 @@ void OnBoardDeletionTest::undoneDeletionLeavesTheProfileOnTheDevice()
     waitUntilIdle();
     QCOMPARE(documents(), QStringList({ProfileStore::fileName(copy)}));
     QVERIFY(!profiles().getProfileByID(copy).isNull());
+    QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
+}
+
+void OnBoardDeletionTest::profileThatCantBeRemovedIsToldOnce()
+{
+    const QString doomed = copyToMouse(Local);
+    memories().commitDevice(Mouse);
+    waitUntilIdle();
+    const OrdinaryUser user(folderOfTheTest());
+    if (OrdinaryUser::isAdministrator())
+        QSKIP("The administrator may remove everything");
+    lockMemory();
+    takeEvents();
+    QVERIFY(profiles().deleteProfileByID(doomed));
+    waitUntilIdle();
+    QCOMPARE(takeEvents(),
+        QStringList({"Busy The Mouse " + Mouse + " writing", "Idle " + Mouse,
+            "Busy The Mouse " + Mouse + " reading", "Idle " + Mouse}));
+    const QStringList problems = takeProblems();
+    QCOMPARE(problems.size(), 1);
+    QVERIFY2(problems[0].startsWith("What was deleted could not be removed from The Mouse: "),
+        qPrintable(problems[0]));
+    QCOMPARE(documents(), QStringList({ProfileStore::fileName(doomed)}));
+    QVERIFY(profiles().getProfileByID(doomed).isNull());
+    unlockMemory();
+}
+
+void OnBoardDeletionTest::profileThatCantBeRemovedIsTriedAgainUponAnOccasion_data()
+{
+    QTest::addColumn<QString>("occasion");
+    for (const char* occasion : {"commit", "connection", "restart", "redo"})
+        QTest::newRow(occasion) << QString(occasion);
+}
+
+void OnBoardDeletionTest::profileThatCantBeRemovedIsTriedAgainUponAnOccasion()
+{
+    QFETCH(const QString, occasion);
+    const QString doomed = copyToMouse(Local);
+    QCoreApplication::processEvents();
+    memories().commitDevice(Mouse);
+    waitUntilIdle();
+    const OrdinaryUser user(folderOfTheTest());
+    if (OrdinaryUser::isAdministrator())
+        QSKIP("The administrator may remove everything");
+    lockMemory();
+    QVERIFY(profiles().deleteProfileByID(doomed));
+    QCoreApplication::processEvents();
+    waitUntilIdle();
+    QCOMPARE(takeProblems().size(), 1);
+
+    const auto take = [&] {
+        if (occasion == "commit") {
+            memories().commitDevice(Mouse);
+        } else if (occasion == "connection") {
+            service().setConnected(Mouse, false);
+            service().setConnected(Mouse, true);
+        } else if (occasion == "restart") {
+            restart();
+        } else {
+            profileService().undo();
+            profileService().redo();
+        }
+        waitUntilIdle();
+    };
+    take();
+    QCOMPARE(takeProblems().size(), 1);
+    QCOMPARE(documents(), QStringList({ProfileStore::fileName(doomed)}));
+    unlockMemory();
+    take();
+    QCOMPARE(documents(), QStringList());
+    QCOMPARE(takeProblems(), QStringList());
     QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
 }
 
