@@ -1,5 +1,6 @@
 #include "cMacroType.h"
 
+#include "MacroRun.h"
 #include "MacroTypeIds.h"
 
 #include <utility>
@@ -55,6 +56,13 @@ QStringList cMacroType::anyControl()
 {
     return {ControlTypes::Key, ControlTypes::Button, ControlTypes::WheelTilt, ControlTypes::StickDirection,
         ControlTypes::StickPress};
+}
+
+cPlayStatePtr cMacroType::runOnce(const std::optional<InputEvent>& event) const
+{
+    if (!event)
+        return {};
+    return cPlayStatePtr(new MacroRun(m_sink, std::vector<InputEvent> {*event}, MacroRun::Until::StepsDone));
 }
 
 bool cMacroType::readElement(const XmlElement& element, cJsonValue& data) const

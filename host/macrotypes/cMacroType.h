@@ -10,6 +10,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// What tells one command type from the others.
 class MacroTypeTraits
 {
@@ -63,6 +65,9 @@ protected:
     virtual bool writeElement(const cJsonValue& data, QDomElement& element) const;
     /// A run of a command with that data, or null if the data is not of this type or can't be carried out.
     virtual cPlayStatePtr run(const cJsonValue& data) = 0;
+
+    /// A run that sends this and is over; null for nothing.
+    cPlayStatePtr runOnce(const std::optional<InputEvent>& event) const;
 
     const MacroTypeTraits& traits() const { return m_traits; }
     const InputSinkPtr& sink() const { return m_sink; }

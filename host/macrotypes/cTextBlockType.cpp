@@ -1,7 +1,6 @@
 #include "cTextBlockType.h"
 
 #include "cTextBlockEditor.h"
-#include "MacroRun.h"
 #include "MacroTypeIds.h"
 
 #include <JsonText.h>
@@ -82,8 +81,5 @@ bool cTextBlockType::writeElement(const cJsonValue& data, QDomElement& element) 
 cPlayStatePtr cTextBlockType::run(const cJsonValue& data)
 {
     const auto text = fromData(data);
-    if (!text)
-        return {};
-    return cPlayStatePtr(
-        new MacroRun(sink(), std::vector<InputEvent> {TextInput {*text}}, MacroRun::Until::StepsDone));
+    return text ? runOnce(TextInput {*text}) : cPlayStatePtr();
 }
