@@ -1,5 +1,7 @@
 #include "DeviceMemory.h"
 
+#include <WholeFile.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -118,7 +120,8 @@ QString DeviceMemory::writeOne(
         if (!pass(count, hurry))
             return goneText();
     }
-    if (file.commit())
+    QString error;
+    if (WholeFile::commit(file, &error))
         return QString();
-    return isThere() ? file.errorString() : goneText();
+    return isThere() ? error : goneText();
 }

@@ -1,5 +1,6 @@
 #include <DeviceFolder.h>
 #include <DeviceMemory.h>
+#include <FullDisk.h>
 #include <TestCase.h>
 
 #include <QElapsedTimer>
@@ -25,6 +26,8 @@ private Q_SLOTS:
     void foldersAndOtherFilesAreNoDocuments();
     void changesAreCarriedOut();
     void documentThatCantBeRemovedIsToldAndHoldsUpNoOther();
+    void documentThatIsNotWrittenWholeReplacesNothing_data();
+    void documentThatIsNotWrittenWholeReplacesNothing();
     void leftoversOfABrokenWriteGo();
     void memoryTakesItsTimeUnlessItMustHurry();
     void memoryThatIsPulledOutKeepsTheOldDocument();
@@ -110,6 +113,25 @@ void DeviceMemoryTest::documentThatCantBeRemovedIsToldAndHoldsUpNoOther()
     QVERIFY(!contents.error.isEmpty());
     QVERIFY(!QFile::exists(path("b.xml")));
     QVERIFY(!QFile::exists(path("c.xml")));
+}
+
+void DeviceMemoryTest::documentThatIsNotWrittenWholeReplacesNothing_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::newRow("large document") << 60000;
+    // It waits in a buffer until the file is closed.
+    QTest::newRow("small document") << 1000;
+}
+
+void DeviceMemoryTest::documentThatIsNotWrittenWholeReplacesNothing()
+{
+    QFETCH(const int, size);
+    DeviceFolder::write(path("a.xml"), "old");
+    DeviceMemory::Changes changes;
+    changes.written["a.xml"] = QByteArray(size, 'n');
+    const FullDisk disk(200);
+    QVERIFY(!memory().write(changes, m_noHurry).error.isEmpty());
+    QCOMPARE(content("a.xml"), QByteArray("old"));
 }
 
 void DeviceMemoryTest::leftoversOfABrokenWriteGo()

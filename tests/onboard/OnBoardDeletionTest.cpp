@@ -7,6 +7,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <optional>
+#include <utility>
+
 /// Profiles that the user deletes while a device holds them.
 class OnBoardDeletionTest : public OnBoardTestCase
 {
@@ -25,19 +28,7 @@ private Q_SLOTS:
 
 private:
     QString folderOfTheTest() const { return QFileInfo(memoryPath() + "/../..").canonicalFilePath(); }
-    void lockMemory() const;
-    void unlockMemory() const;
 };
-
-void OnBoardDeletionTest::lockMemory() const
-{
-    QVERIFY(QFile::setPermissions(memoryPath(), QFile::ReadOwner | QFile::ExeOwner));
-}
-
-void OnBoardDeletionTest::unlockMemory() const
-{
-    QVERIFY(QFile::setPermissions(memoryPath(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-}
 
 void OnBoardDeletionTest::deletedProfileLeavesTheDevice()
 {
@@ -138,7 +129,7 @@ void OnBoardDeletionTest::profileThatCantBeRemovedIsToldOnce()
     const OrdinaryUser user(folderOfTheTest());
     if (OrdinaryUser::isAdministrator())
         QSKIP("The administrator may remove everything");
-    lockMemory();
+    const ReadOnlyFolder memory(memoryPath());
     takeEvents();
     QVERIFY(profiles().deleteProfileByID(doomed));
     waitUntilIdle();
@@ -151,7 +142,6 @@ void OnBoardDeletionTest::profileThatCantBeRemovedIsToldOnce()
         qPrintable(problems[0]));
     QCOMPARE(documents(), QStringList({ProfileStore::fileName(doomed)}));
     QVERIFY(profiles().getProfileByID(doomed).isNull());
-    unlockMemory();
 }
 
 void OnBoardDeletionTest::profileThatCantBeRemovedIsTriedAgainUponAnOccasion_data()
@@ -171,7 +161,7 @@ void OnBoardDeletionTest::profileThatCantBeRemovedIsTriedAgainUponAnOccasion()
     const OrdinaryUser user(folderOfTheTest());
     if (OrdinaryUser::isAdministrator())
         QSKIP("The administrator may remove everything");
-    lockMemory();
+    std::optional<ReadOnlyFolder> memory(std::in_place, memoryPath());
     QVERIFY(profiles().deleteProfileByID(doomed));
     QCoreApplication::processEvents();
     waitUntilIdle();
@@ -194,7 +184,7 @@ void OnBoardDeletionTest::profileThatCantBeRemovedIsTriedAgainUponAnOccasion()
     take();
     QCOMPARE(takeProblems().size(), 1);
     QCOMPARE(documents(), QStringList({ProfileStore::fileName(doomed)}));
-    unlockMemory();
+    memory.reset();
     take();
     QCOMPARE(documents(), QStringList());
     QCOMPARE(takeProblems(), QStringList());

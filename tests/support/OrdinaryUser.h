@@ -44,3 +44,23 @@ private:
 
     bool m_isOther = false;
 };
+
+/// Lets nothing be added to a folder, or taken from it, while it lives. An administrator is not held up.
+class ReadOnlyFolder
+{
+    Q_DISABLE_COPY(ReadOnlyFolder)
+
+public:
+    explicit ReadOnlyFolder(const QString& path)
+        : m_path(path)
+    {
+        QFile::setPermissions(m_path, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    ~ReadOnlyFolder()
+    {
+        QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+private:
+    QString m_path;
+};
