@@ -2,6 +2,7 @@
 #include "IElementReader.h"
 #include "ModeNames.h"
 #include "ProfileDocument.h"
+#include "TextPool.h"
 #include "XmlFragment.h"
 
 #include <JsonText.h>
@@ -78,13 +79,13 @@ private:
 
     bool is(const char* name) const { return m_xml.name() == QLatin1String(name); }
 
-    QString attribute(const char* name) const
+    QString attribute(const char* name)
     {
-        return m_xml.attributes().value(QLatin1String(name)).toString();
+        return m_texts.text(m_xml.attributes().value(QLatin1String(name)));
     }
 
-    int number(const char* name) const { return attribute(name).toInt(); }
-    bool flag(const char* name) const { return attribute(name) == QLatin1String(True); }
+    int number(const char* name) { return attribute(name).toInt(); }
+    bool flag(const char* name) { return attribute(name) == QLatin1String(True); }
 
     /// The text of the element that the reader stands on; its children are kept in the record that `part`
     /// gives. Qt's own way to read a text calls itself for each child and so ends the process when they nest
@@ -256,7 +257,7 @@ private:
         const QXmlStreamAttributes attributes = m_xml.attributes();
         for (const char* name : MacroTexts) {
             if (attributes.hasAttribute(QLatin1String(name)))
-                macro[name] = attributes.value(QLatin1String(name)).toString();
+                macro[name] = m_texts.text(attributes.value(QLatin1String(name)));
         }
         keepAttributes(MacroAttributes, macro);
         while (nextChild()) {
@@ -335,7 +336,7 @@ private:
             if (token == QXmlStreamReader::EndElement)
                 break;
             if (token == QXmlStreamReader::StartElement && ++children == 1 && type && !content.hasText) {
-                first = XmlFragment::takeElement(m_xml, ProfileDocument::MaxDepth);
+                first = XmlFragment::takeElement(m_xml, ProfileDocument::MaxDepth, m_texts);
             } else if (token == QXmlStreamReader::StartElement) {
                 writeFirst();
                 content.raw += fragment();
@@ -439,6 +440,7 @@ private:
 
     QXmlStreamReader m_xml;
     const MacroTypeLookup& m_types;
+    TextPool m_texts;
     /// Makes the elements for command types that read no others.
     QDomDocument m_dom;
     ProfileDocument::ReadResult m_result;

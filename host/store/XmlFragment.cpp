@@ -1,5 +1,7 @@
 #include "XmlFragment.h"
 
+#include "TextPool.h"
+
 #include <QCoreApplication>
 #include <QStringList>
 #include <QVarLengthArray>
@@ -97,14 +99,15 @@ QString takeText(QXmlStreamReader& reader, int maxDepth)
     return text;
 }
 
-XmlElement takeElement(QXmlStreamReader& reader, int maxDepth)
+XmlElement takeElement(QXmlStreamReader& reader, int maxDepth, TextPool& texts)
 {
     const auto readStart = [&](XmlElement& element) {
-        element.name = reader.qualifiedName().toString();
+        element.name = texts.text(reader.qualifiedName());
         const QXmlStreamAttributes attributes = reader.attributes();
+        element.attributes.reserve(std::size_t(attributes.size()));
         for (const QXmlStreamAttribute& attribute : attributes)
             element.attributes.push_back(
-                {attribute.qualifiedName().toString(), attribute.value().toString()});
+                {texts.text(attribute.qualifiedName()), texts.text(attribute.value())});
     };
     XmlElement result;
     readStart(result);

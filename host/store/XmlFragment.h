@@ -7,6 +7,7 @@
 
 class QXmlStreamReader;
 class QXmlStreamWriter;
+class TextPool;
 
 /// Pieces of XML on their way between a stream, a text, a value and a DOM, unchanged but for the spelling of
 /// white space in tags.
@@ -16,8 +17,8 @@ namespace XmlFragment {
 /// `maxDepth` the reader is given an error.
 QString takeText(QXmlStreamReader& reader, int maxDepth);
 
-/// The same as a value.
-XmlElement takeElement(QXmlStreamReader& reader, int maxDepth);
+/// The same as a value, its names and values out of `texts`.
+XmlElement takeElement(QXmlStreamReader& reader, int maxDepth, TextPool& texts);
 
 /// True if the text is any number of elements that takeText() would return, and nothing else.
 bool isElements(const QString& text, int maxDepth);

@@ -1,4 +1,5 @@
 #include <TestCase.h>
+#include <TextPool.h>
 #include <XmlElement.h>
 #include <XmlFragment.h>
 
@@ -14,7 +15,8 @@ XmlElement taken(const QString& text, QString* error = nullptr)
 {
     QXmlStreamReader reader(text);
     reader.readNextStartElement();
-    XmlElement element = XmlFragment::takeElement(reader, MaxDepth);
+    TextPool texts;
+    XmlElement element = XmlFragment::takeElement(reader, MaxDepth, texts);
     if (error)
         *error = reader.errorString();
     return element;
@@ -89,7 +91,8 @@ void XmlElementTest::allFormsAreWrittenAlike()
     QXmlStreamReader reader(text);
     reader.setNamespaceProcessing(false);
     reader.readNextStartElement();
-    const XmlElement element = XmlFragment::takeElement(reader, MaxDepth);
+    TextPool texts;
+    const XmlElement element = XmlFragment::takeElement(reader, MaxDepth, texts);
     QCOMPARE(written(element), text);
     QDomDocument document;
     const QDomElement asDom = element.toDom(document);
@@ -104,7 +107,8 @@ void XmlElementTest::readerStandsAtTheEndOfWhatItGave()
     QXmlStreamReader reader(QString("<r><a><b/></a><c/></r>"));
     reader.readNextStartElement();
     reader.readNextStartElement();
-    XmlFragment::takeElement(reader, MaxDepth);
+    TextPool texts;
+    XmlFragment::takeElement(reader, MaxDepth, texts);
     QVERIFY(reader.isEndElement());
     QCOMPARE(reader.name().toString(), QString("a"));
     QVERIFY(reader.readNextStartElement());
