@@ -1,5 +1,7 @@
 #include "DeviceMemory.h"
 
+#include <WholeFile.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -91,7 +93,7 @@ DeviceMemory::Contents DeviceMemory::write(const Changes& changes, const std::at
         QFile::remove(folder.filePath(leftover));
     for (const QString& fileName : changes.removed) {
         QFile file(folder.filePath(fileName));
-        if (error.isEmpty() && file.exists() && !file.remove())
+        if (file.exists() && !file.remove() && error.isEmpty())
             error = file.errorString();
     }
     for (auto each = changes.written.begin(); each != changes.written.end() && error.isEmpty(); ++each)
@@ -118,7 +120,8 @@ QString DeviceMemory::writeOne(
         if (!pass(count, hurry))
             return goneText();
     }
-    if (file.commit())
+    QString error;
+    if (WholeFile::commit(file, &error))
         return QString();
-    return isThere() ? file.errorString() : goneText();
+    return isThere() ? error : goneText();
 }

@@ -52,7 +52,8 @@ public:
     /// What the memory holds now, in the order of the file names. Once `hurry` is true it takes no more time
     /// than it must.
     Contents read(const std::atomic_bool& hurry) const;
-    /// Carries out the changes until one fails, and returns what the memory then holds.
+    /// Carries out the changes, and returns what the memory then holds. Nothing is written once a document
+    /// could not be removed or written.
     Contents write(const Changes& changes, const std::atomic_bool& hurry) const;
 
 private:

@@ -1,5 +1,4 @@
-#include "FullDisk.h"
-
+#include <FullDisk.h>
 #include <ProfileBackups.h>
 #include <ProfileDocument.h>
 #include <TestCase.h>

@@ -1,7 +1,9 @@
 #include "RandomProfiles.h"
 
+#include <IElementReader.h>
 #include <ProfileDocument.h>
 #include <TestCase.h>
+#include <XmlElement.h>
 
 namespace {
 
@@ -49,6 +51,20 @@ public:
     int getPriority() override { return 0; }
 };
 
+/// The same, read without a DOM.
+class StreamedNumberType : public NumberType, public IElementReader
+{
+public:
+    cJsonValue XmlToJson(QDomElement) override { return {}; }
+    cJsonValue read(const XmlElement& element) const override
+    {
+        cJsonValue data;
+        if (element.name == QLatin1String("number"))
+            data["number"] = element.attribute(QLatin1String("value"))->toInt();
+        return data;
+    }
+};
+
 MacroTypeLookup numberType()
 {
     return [](const QString& macroNamespace) {
@@ -67,6 +83,7 @@ private Q_SLOTS:
     void randomProfilesComeBackAsTheyWere();
     void equalContentMakesEqualBytes();
     void knownTypeReadsAndWritesItsElement();
+    void typeThatReadsElementsIsShownNoDom();
     void elementsOfUnknownTypesAreKept_data();
     void elementsOfUnknownTypesAreKept();
     void unknownElementsAndAttributesAreKept();
@@ -123,6 +140,18 @@ void ProfileDocumentTest::knownTypeReadsAndWritesItsElement()
     QCOMPARE(result.profiles.front().macros.front()["data"]["number"].toInt(), 7);
     // Attributes stand in the order of their names, whatever order the type made them in.
     QVERIFY(write(result.profiles.front(), numberType()).contains("<number also=\"1\" value=\"7\"/>"));
+}
+
+void ProfileDocumentTest::typeThatReadsElementsIsShownNoDom()
+{
+    const cMacroTypePtr type(new StreamedNumberType);
+    const QByteArray document =
+        wrapped("<macros><macro uid=\"{2}\"><data><number value=\"7\"/></data></macro>"
+                "<macro uid=\"{3}\"><data><other b=\"1\" a=\"2\"> t </other></data></macro></macros>");
+    const ReadResult result = read(document, [&](const QString&) { return type; });
+    QCOMPARE(result.error, QString());
+    QCOMPARE(result.profiles.front().macros[0]["data"]["number"].toInt(), 7);
+    QVERIFY(write(result.profiles.front()).contains("<data><other a=\"2\" b=\"1\"> t </other></data>"));
 }
 
 void ProfileDocumentTest::elementsOfUnknownTypesAreKept_data()

@@ -1,8 +1,8 @@
 #include "DeviceHost.h"
 
 #include <IMacroEditor.h>
+#include <PlainMacroType.h>
 
-#include <QDomDocument>
 #include <QLoggingCategory>
 #include <QRegularExpression>
 
@@ -68,44 +68,21 @@ public:
     bool canAddMacro() override { return true; }
 };
 
-/// A command type with an info record; its editor is an empty page.
-class FakeMacroType : public IMacroType
+/// A command type whose editor is an empty page.
+class FakeMacroType : public PlainMacroType
 {
-    Q_OBJECT
-
 public:
-    FakeMacroType(const cJsonValue& info, bool isPrivate)
-        : m_info(info)
-        , m_isPrivate(isPrivate)
-    { }
+    using PlainMacroType::PlainMacroType;
 
-    cJsonValue info() override { return m_info; }
     IMacroEditor* editor(cJsonValue) override { return new FakeMacroEditor; }
-    cJsonValue XmlToJson(QDomElement) override { return cJsonValue(); }
-    QDomElement JsonToXml(QDomDocument, cJsonValue) override { return QDomElement(); }
-    cPlayStatePtr createPlayState(cJsonValue) override { return cPlayStatePtr(); }
-    bool isRepeatable() override { return false; }
-    bool isPrivate() override { return m_isPrivate; }
-    bool isFixedName() override { return false; }
-    int getPriority() override { return 0; }
-
-private:
-    cJsonValue m_info;
-    bool m_isPrivate;
 };
 
 } // namespace
 
 cMacroTypePtr makeMacroType(const QStringList& controlTypes, bool isPrivate)
 {
-    cJsonValue info;
+    cJsonValue info = PlainMacroType::infoWith(controlTypes);
     info["uid"] = "uri/keystroke";
-    info["control_types"] = cJsonValue(cJsonValue::arrayValue);
-    for (const QString& type : controlTypes) {
-        cJsonValue entry;
-        entry["control_type"] = type;
-        info["control_types"].append(entry);
-    }
     return QSharedPointer<FakeMacroType>::create(info, isPrivate);
 }
 
