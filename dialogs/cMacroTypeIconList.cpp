@@ -121,18 +121,6 @@ void cMacroTypeIconList::keyPressEvent(QKeyEvent* event)
         onMacroTypeItemClicked(m_items[next]->macroTypeID());
 }
 
-void cMacroTypeIconList::focusInEvent(QFocusEvent* event)
-{
-    QFrame::focusInEvent(event);
-    update();
-}
-
-void cMacroTypeIconList::focusOutEvent(QFocusEvent* event)
-{
-    QFrame::focusOutEvent(event);
-    update();
-}
-
 void cMacroTypeIconList::paintEvent(QPaintEvent* event)
 {
     QFrame::paintEvent(event);

@@ -147,6 +147,9 @@ void cMacroItemTest::longNameEndsInDots()
     QVERIFY(shown != name);
     stage.make(macro("{1}", shown));
     QCOMPARE(stage.nameLabel()->grab().toImage(), full);
+    // What is compared is not two empty pictures.
+    stage.make(macro("{1}", QString()));
+    QVERIFY(stage.nameLabel()->grab().toImage() != full);
 }
 
 void cMacroItemTest::picturesShowTheState_data()

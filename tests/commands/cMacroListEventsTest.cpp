@@ -1,6 +1,7 @@
 #include "CommandSupport.h"
 
 #include <cMacroItem.h>
+#include <PaintCount.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void renameAmongManyKeepsTheFilter();
     void changeWithoutRenameStays();
     void assignmentMarksTheRow();
+    void marksAndChangesAreDrawnAtOnce();
     void removedAssignmentAsksTheHost_data();
     void removedAssignmentAsksTheHost();
     void secondCommandOfTheSameIdIsUntouched();
@@ -174,6 +176,23 @@ void cMacroListEventsTest::assignmentMarksTheRow()
     QVERIFY(Marks::isAssigned(panel, 1));
     // It is seen.
     QCOMPARE(panel.list->viewport()->grab().toImage().pixelColor(220, 35), QColor(Qt::green));
+}
+
+void cMacroListEventsTest::marksAndChangesAreDrawnAtOnce()
+{
+    Panel panel;
+    panel.fillNames({"a", "b"});
+    QCoreApplication::processEvents();
+    // A row does not redraw itself for its mark.
+    PaintCount paints(*panel.row(1));
+    panel.host.publishMacroAssigned(Profile, Category, "{2}", Mode, "G1");
+    QTRY_VERIFY(paints.count() > 0);
+    paints.clear();
+    panel.host.publishAssignmentRemoved(Profile, Category, Mode, "G1", "{2}");
+    QTRY_VERIFY(paints.count() > 0);
+    paints.clear();
+    panel.host.publishMacroChanged(Profile, macro("{1}", "a"));
+    QTRY_VERIFY(paints.count() > 0);
 }
 
 void cMacroListEventsTest::removedAssignmentAsksTheHost_data()

@@ -1,6 +1,7 @@
 #include "CommandSupport.h"
 
 #include <cMacroItem.h>
+#include <PaintCount.h>
 #include <RowLists.h>
 #include <TestCase.h>
 
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void findsWhatQtFinds();
     void firstHitComesToTheMiddle();
     void noResultsShowsOnlyThen();
+    void noResultsIsDrawnAtOnce();
     void newHitClearsNoResults();
     void newCommandThatDoesNotMatchIsHidden();
     void renameFollowsTheFilter();
@@ -150,6 +152,19 @@ void cMacroListSearchTest::noResultsShowsOnlyThen()
     QCOMPARE(shown, expected);
     panel.search("");
     QVERIFY(!panel.showsNoResults());
+}
+
+void cMacroListSearchTest::noResultsIsDrawnAtOnce()
+{
+    Panel panel;
+    QCoreApplication::processEvents();
+    // No row comes or goes that would have the list drawn.
+    PaintCount paints(*panel.list->viewport());
+    panel.search("z");
+    QTRY_VERIFY(paints.count() > 0);
+    paints.clear();
+    panel.search("");
+    QTRY_VERIFY(paints.count() > 0);
 }
 
 void cMacroListSearchTest::newHitClearsNoResults()

@@ -179,11 +179,16 @@ void cMacroListTest::selectionMarksTheRows()
 void cMacroListTest::sortModeIsThatOfAllRows()
 {
     Panel panel;
+    panel.list->setSortMode(cListWidgetItem::SortByType);
     cJsonValue records(cJsonValue::arrayValue);
     records.append(macro("{1}", "b", Keys));
     records.append(macro("{2}", "a", Text));
     records.append(macro("{3}", "c", Text));
     panel.fill(records);
+    // Also of rows that come later.
+    QCOMPARE(panel.shownNames(), QStringList({"c", "a", "b"}));
+    panel.list->setSortMode(cListWidgetItem::SortByName);
+    panel.list->sortItems(Qt::AscendingOrder);
     QCOMPARE(panel.shownNames(), QStringList({"a", "b", "c"}));
     panel.list->setSortMode(cListWidgetItem::SortByType);
     // It stores only.

@@ -91,6 +91,7 @@ private Q_SLOTS:
     void clearButtonEmptiesAndStaysActive();
     void typingTheWordItselfIsASearch();
     void wordIsNotToldWhenItReturns();
+    void chosenKeysArePassedOn();
 };
 
 void cSearchBoxTest::hasItsMembersInOrder()
@@ -184,6 +185,10 @@ void cSearchBoxTest::deletingEveryLetterKeepsTheActiveLook()
     stage.focusOut();
     QCOMPARE(stage.box->styleSheet(), styleSheet(Idle));
     QCOMPARE(stage.edit().text(), QString("Search"));
+    // The status is the initial one again.
+    stage.focusIn();
+    QCOMPARE(stage.edit().text(), QString());
+    QCOMPARE(stage.heard(), QStringList({""}));
 }
 
 void cSearchBoxTest::leavingAnEmptyFieldBringsTheWordBack()
@@ -252,6 +257,16 @@ void cSearchBoxTest::wordIsNotToldWhenItReturns()
     stage.heard();
     stage.focusOut();
     QCOMPARE(stage.heard(), QStringList());
+}
+
+void cSearchBoxTest::chosenKeysArePassedOn()
+{
+    Stage stage;
+    QLineEdit target;
+    stage.box->setForwarding(&target, {Qt::Key_A});
+    QTest::keyClicks(&stage.edit(), "ab");
+    QCoreApplication::processEvents();
+    QCOMPARE(target.text(), QString("a"));
 }
 
 VELTRANO_TEST_MAIN(cSearchBoxTest)

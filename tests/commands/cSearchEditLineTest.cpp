@@ -57,6 +57,8 @@ private Q_SLOTS:
     void keysArriveThroughTheEventLoop();
     void forwardedKeysKeepAllTheyHave();
     void releasesAreForwardedToo();
+    void releasesAreLeftToTheParent();
+    void focusDoesWhatItDoesInAnyField();
     void otherKeysStay();
     void withoutATargetKeysStay();
     void targetMayGo();
@@ -124,6 +126,24 @@ void cSearchEditLineTest::releasesAreForwardedToo()
     send(edit, QEvent::KeyRelease, Qt::Key_Up);
     QCoreApplication::processEvents();
     QCOMPARE(target.keys, QStringList({"release 1000013 0 '' 0 x1"}));
+}
+
+void cSearchEditLineTest::releasesAreLeftToTheParent()
+{
+    Target parent;
+    auto* const edit = new cSearchEditLine(&parent);
+    send(*edit, QEvent::KeyRelease, Qt::Key_Up);
+    QCOMPARE(parent.keys, QStringList({"release 1000013 0 '' 0 x1"}));
+}
+
+void cSearchEditLineTest::focusDoesWhatItDoesInAnyField()
+{
+    cSearchEditLine edit;
+    edit.setInitialStatus(false);
+    edit.setText("jump");
+    QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&edit, &event);
+    QCOMPARE(edit.selectedText(), QString("jump"));
 }
 
 void cSearchEditLineTest::otherKeysStay()

@@ -1,42 +1,11 @@
 #include "LcdDevices.h"
 #include "ProfileFormTestCase.h"
 
+#include <LayoutText.h>
 #include <MetaMembers.h>
 
 #include <QDir>
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
-namespace {
-
-/// As in "H[Name:, stretch, QLineEdit]": rows and columns with the texts of what they hold, or its kind.
-QString describe(const QLayout& layout)
-{
-    QStringList parts;
-    for (int i = 0; i < layout.count(); ++i) {
-        QLayoutItem* const item = layout.itemAt(i);
-        if (const QSpacerItem* const spacer = item->spacerItem()) {
-            const bool isFixed = spacer->sizePolicy().horizontalPolicy() == QSizePolicy::Minimum
-                && spacer->sizePolicy().verticalPolicy() == QSizePolicy::Minimum;
-            parts.append(isFixed
-                    ? QString("%1x%2").arg(spacer->sizeHint().width()).arg(spacer->sizeHint().height())
-                    : QString("stretch"));
-        } else if (item->layout()) {
-            parts.append(describe(*item->layout()));
-        } else {
-            const QWidget* const widget = item->widget();
-            const QVariant text =
-                widget->property("text").isValid() ? widget->property("text") : widget->property("title");
-            parts.append(widget->inherits("QLineEdit") || widget->inherits("QComboBox")
-                    ? QString(widget->metaObject()->className())
-                    : text.toString().left(6));
-        }
-    }
-    const QLatin1String name(qobject_cast<const QVBoxLayout*>(&layout) ? "V" : "H");
-    return name + '[' + parts.join(", ") + ']';
-}
-
-} // namespace
+#include <QLayout>
 
 /// How the dialog is built, and what its controls do to each other.
 class EditProfileDialogTest : public ProfileFormTestCase
@@ -125,10 +94,10 @@ void EditProfileDialogTest::controlsForADisplayExistOnlyWithOne()
 void EditProfileDialogTest::formIsLaidOutAsDesigned()
 {
     const ProfileForm form;
-    QCOMPARE(describe(*form.dialog.layout()),
+    QCOMPARE(layoutText(*form.dialog.layout()),
         QString("V[H[Name:, stretch, QLineEdit], H[Descri, stretch, QLineEdit], 0x10, Select, 0x10, Lock p, "
                 "0x10, Copy f, H[20x0, QComboBox, stretch], 0x20, H[stretch, OK, Cancel]]"));
-    QCOMPARE(describe(*form.group()->layout()), QString("V[0x10, H[QLineEdit, ...], 0x10]"));
+    QCOMPARE(layoutText(*form.group()->layout()), QString("V[0x10, H[QLineEdit, ...], 0x10]"));
     QCOMPARE(form.dialog.layout()->contentsMargins(), QMargins(20, 20, 20, 20));
     QCOMPARE(form.dialog.layout()->spacing(), 5);
     QCOMPARE(form.dialog.minimumWidth(), 525);
@@ -155,7 +124,7 @@ void EditProfileDialogTest::formWithDisplayIsLaidOutAsDesigned()
 {
     setLcdDevices(1);
     const ProfileForm form;
-    QCOMPARE(describe(*form.group()->layout()),
+    QCOMPARE(layoutText(*form.group()->layout()),
         QString("V[0x10, Browse, H[QLineEdit, ...], 0x10, Select, H[20x0, Run th]]"));
 }
 

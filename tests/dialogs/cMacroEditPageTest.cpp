@@ -1,6 +1,7 @@
 #include "CommandEditorTestCase.h"
 
 #include <FixedIds.h>
+#include <LayoutText.h>
 #include <MetaMembers.h>
 #include <MethodText.h>
 
@@ -71,7 +72,9 @@ void cMacroEditPageTest::newPageStartsEmpty()
     QCOMPARE(takeLog(), QStringList({"getAllMacroTypes()"}));
     QCOMPARE(page().property("uiType").toString(), QString("meBackground"));
     QCOMPARE(title(), QString());
+    QCOMPARE(part<QLabel>("DialogTitle")->textFormat(), Qt::PlainText);
     QCOMPARE(part<QLabel>("meNameLabel")->text(), QString("Name:"));
+    QCOMPARE(part<QLabel>("meNameLabel")->buddy(), &name());
     QCOMPARE(name().text(), QString());
     QCOMPARE(name().contextMenuPolicy(), Qt::NoContextMenu);
     QVERIFY(name().isVisible());
@@ -141,13 +144,15 @@ void cMacroEditPageTest::partsStandFromTopToBottom()
         QVERIFY(widget->y() > last);
         last = widget->geometry().bottom();
     }
-    int stretch = -1;
-    for (int i = 0; i < layout->count(); ++i) {
-        if (layout->stretch(i) == 1000)
-            stretch = i;
-    }
-    QCOMPARE(layout->itemAt(stretch + 1)->widget(), &group());
-    QCOMPARE(layout->stretch(layout->count() - 1), 1);
+    QCOMPARE(layoutText(*layout),
+        QString("V[QLabel, spacing 5, Name:, QLineEdit, QStackedWidget, There , stretch*1000, Repeat, 0x10, "
+                "H[0x0*1, OK, Cancel, Add, Help], 0x0*1]"));
+    QCOMPARE(layoutText(*group().layout()), QString("V[QComboBox, H[Delay , QLineEdit, stretch]]"));
+    QCOMPARE(group().layout()->itemAt(1)->layout()->spacing(), 5);
+    const QList<QLabel*> captions = group().findChildren<QLabel*>();
+    QCOMPARE(captions.size(), 1);
+    QCOMPARE(captions.first()->text(), QString("Delay (milliseconds):"));
+    QCOMPARE(captions.first()->buddy(), &delay());
     QCOMPARE(group().layout()->contentsMargins(), QMargins(15, 15, 0, 0));
     QCOMPARE(group().layout()->spacing(), 5);
 }

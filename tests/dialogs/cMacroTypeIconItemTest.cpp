@@ -1,4 +1,5 @@
 #include <cMacroTypeIconItem.h>
+#include <LayoutText.h>
 #include <MetaMembers.h>
 #include <TestCase.h>
 #include <TestPictures.h>
@@ -49,17 +50,21 @@ void cMacroTypeIconItemTest::showsIconAboveNameOfTheType()
     QCOMPARE(item.minimumWidth(), 70);
     QCOMPARE(item.maximumWidth(), 140);
     QVERIFY(!item.isHighlighted());
+    QCOMPARE(item.accessibleName(), QString("Text Block"));
+    // Those of the style sheet's border, and none of its own.
+    QCOMPARE(item.contentsMargins(), QMargins(5, 5, 5, 5));
 
     const auto* const layout = qobject_cast<QVBoxLayout*>(item.layout());
     QVERIFY(layout);
     QCOMPARE(layout->contentsMargins(), QMargins());
     QCOMPARE(layout->spacing(), 5);
-    QCOMPARE(layout->count(), 2);
+    QCOMPARE(layoutText(*layout), QString("V[QLabel, Text B]"));
     const auto* const icon = qobject_cast<QLabel*>(layout->itemAt(0)->widget());
     const auto* const text = qobject_cast<QLabel*>(layout->itemAt(1)->widget());
     QCOMPARE(icon->pixmap(Qt::ReturnByValue).size(), QSize(28, 26));
     QCOMPARE(text->text(), QString("Text Block"));
     QVERIFY(text->wordWrap());
+    QCOMPARE(text->textFormat(), Qt::PlainText);
     for (int i : {0, 1})
         QCOMPARE(layout->itemAt(i)->alignment(), Qt::AlignCenter);
     QCOMPARE(icon->alignment(), Qt::AlignCenter);

@@ -4,6 +4,7 @@
 #include <cMacroTypeIconList.h>
 #include <FixedIds.h>
 #include <MetaMembers.h>
+#include <PaintCount.h>
 #include <ServiceNames.h>
 
 #include <QSignalSpy>
@@ -81,6 +82,8 @@ void cMacroTypeIconListTest::showsTypesInOrderWithoutPrivateOnes()
 void cMacroTypeIconListTest::hasItsLook()
 {
     const cMacroTypeIconList list;
+    QCOMPARE(list.accessibleName(), QString("Command types"));
+    QCOMPARE(list.focusPolicy(), Qt::TabFocus);
     QCOMPARE(list.property("uiType").toString(), QString("MacroTypeIconList"));
     QCOMPARE(list.styleSheet(),
         QString("QWidget {background: transparent;}QFrame[uiType=\"MacroTypeIconList\"] {border-image: "
@@ -260,17 +263,27 @@ void cMacroTypeIconListTest::focusIsSeen()
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     window.findChild<QLineEdit*>()->setFocus();
-    const auto picture = [&] {
-        return list->grab().toImage();
+    // The middle of the frame's upper edge, which is three pixels outside the type that is chosen.
+    const auto markColor = [list] {
+        const QRect chosen = list->findChildren<cMacroTypeIconItem*>()[1]->geometry();
+        return list->grab().toImage().pixelColor(chosen.center().x(), chosen.top() - 3);
     };
-    const QImage plain = picture();
+    const QColor bright(0x93c7c7);
+    QVERIFY(markColor() != bright);
+    QCoreApplication::processEvents();
+    PaintCount paints(*list);
     list->setFocus(Qt::TabFocusReason);
     QVERIFY(list->hasFocus());
-    QVERIFY(picture() != plain);
-    // A click leaves the focus where the user types.
+    QTRY_VERIFY(paints.count() > 0);
+    QCOMPARE(markColor(), bright);
+    QCoreApplication::processEvents();
+    paints.clear();
     window.findChild<QLineEdit*>()->setFocus();
+    QTRY_VERIFY(paints.count() > 0);
+    // A click leaves the focus where the user types.
     QTest::mouseClick(list->findChildren<cMacroTypeIconItem*>().constFirst(), Qt::LeftButton);
     QVERIFY(window.findChild<QLineEdit*>()->hasFocus());
+    QVERIFY(markColor() != bright);
 }
 
 void cMacroTypeIconListTest::nameIsNeverClipped_data()

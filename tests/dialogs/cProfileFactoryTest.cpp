@@ -25,10 +25,15 @@ private Q_SLOTS:
     void secondMacroFilesTheFirst();
     void macroIdKeepsItsCase();
     void openAssignmentIsFiledUnderItsOwnCategory();
+    void secondAssignmentFilesTheFirst();
+    void finishedPieceIsClosed_data();
+    void finishedPieceIsClosed();
     void missingProfileIsReportedBeforeMissingCategory();
     void assignmentNeedsACategory();
     void finishCategoryNeedsNone();
     void shiftStateIsAskedFromTheHost();
+    void repeatHasItsMode_data();
+    void repeatHasItsMode();
     void repeatReachesFiledMacrosOnly();
     void repeatOfAnUnknownModeChangesNothing();
     void signaturesAreFiled();
@@ -108,6 +113,65 @@ void cProfileFactoryTest::openAssignmentIsFiledUnderItsOwnCategory()
     QCOMPARE(assignments["keyboard"][0]["contextid"].toString(), QString("G2"));
 }
 
+void cProfileFactoryTest::secondAssignmentFilesTheFirst()
+{
+    cProfileFactory factory;
+    factory.addProfile("P", "", Id1, "");
+    factory.setAssignmentCategory("mouse");
+    factory.addAssignment(Id1, "G1", "M1");
+    factory.addAssignment(Id2, "G2", "M2");
+    const cJsonValue assignments = factory.build()[0]["assignments"]["mouse"];
+    QCOMPARE(assignments.size(), 2u);
+    QCOMPARE(assignments[0]["contextid"].toString(), QString("G1"));
+    QCOMPARE(assignments[1]["contextid"].toString(), QString("G2"));
+}
+
+void cProfileFactoryTest::finishedPieceIsClosed_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<int>("macros");
+    QTest::addColumn<int>("assignments");
+    QTest::addColumn<int>("signatures");
+    QTest::newRow("none") << "" << 1 << 1 << 1;
+    QTest::newRow("macro") << "macro" << 2 << 1 << 1;
+    QTest::newRow("assignment") << "assignment" << 1 << 2 << 1;
+    QTest::newRow("category") << "category" << 1 << 2 << 1;
+    QTest::newRow("signature") << "signature" << 1 << 1 << 2;
+}
+
+void cProfileFactoryTest::finishedPieceIsClosed()
+{
+    QFETCH(QString, operation);
+    QFETCH(int, macros);
+    QFETCH(int, assignments);
+    QFETCH(int, signatures);
+    cProfileFactory factory;
+    factory.addProfile("P", "", Id1, "");
+    factory.addMacro("m", Id1, cJsonValue(), "ns");
+    factory.setAssignmentCategory("mouse");
+    factory.addAssignment(Id1, "G1", "M1");
+    factory.addSignature("k", "v", "e", "n");
+    if (operation == "macro")
+        factory.finishMacro();
+    else if (operation == "assignment")
+        factory.finishAssignment();
+    else if (operation == "category")
+        factory.finishCategory();
+    else if (operation == "signature")
+        factory.finishSignature();
+    // A setter changes the piece that is open, or starts the next one.
+    factory.setMacroName("later");
+    factory.setAssignmentContextId("later");
+    factory.setSignatureKey("later");
+    const cJsonValue profile = factory.build()[0];
+    QCOMPARE(int(profile["macros"].size()), macros);
+    QCOMPARE(int(profile["assignments"]["mouse"].size()), assignments);
+    QCOMPARE(int(profile["signatures"].size()), signatures);
+    QCOMPARE(profile["macros"][macros - 1]["name"].toString(), QString("later"));
+    QCOMPARE(profile["assignments"]["mouse"][assignments - 1]["contextid"].toString(), QString("later"));
+    QCOMPARE(profile["signatures"][signatures - 1]["key"].toString(), QString("later"));
+}
+
 void cProfileFactoryTest::missingProfileIsReportedBeforeMissingCategory()
 {
     cProfileFactory factory;
@@ -163,6 +227,29 @@ void cProfileFactoryTest::shiftStateIsAskedFromTheHost()
     const cJsonValue assignment = factory.build()[0]["assignments"]["mouse"][0];
     QCOMPARE(assignment["shiftstate"].toString(), QString("M3"));
     QCOMPARE(assignment["macrouid"].toString(), Id2.toString());
+}
+
+void cProfileFactoryTest::repeatHasItsMode_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none") << 0 << "none";
+    QTest::newRow("while pressed") << 1 << "whilepressed";
+    QTest::newRow("toggle") << 2 << "toggle";
+}
+
+void cProfileFactoryTest::repeatHasItsMode()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, text);
+    cProfileFactory factory;
+    factory.addProfile("P", "", Id1, "");
+    factory.addMacro("m", Id1, cJsonValue(), "ns");
+    factory.finishMacro();
+    factory.setMacroRepeat(Id1, mode);
+    const cJsonValue repeat = factory.build()[0]["macros"][0]["repeat"];
+    QCOMPARE(repeat["mode"], cJsonValue(text));
+    QCOMPARE(repeat["delay"], cJsonValue(30));
 }
 
 void cProfileFactoryTest::repeatReachesFiledMacrosOnly()

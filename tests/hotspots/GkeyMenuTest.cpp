@@ -7,6 +7,7 @@
 #include <MagnetTextItem.h>
 #include <MenuDriver.h>
 #include <SceneEvents.h>
+#include <SceneRedraws.h>
 #include <ShownInView.h>
 #include <TestCase.h>
 
@@ -71,6 +72,7 @@ private Q_SLOTS:
     void menuStaysInsideTheWindow_data();
     void menuStaysInsideTheWindow();
     void menuIsDeletedAfterwards();
+    void keyIsRedrawnWhenItsMenuIsGone();
     void withoutMainWindowThereIsNoMenu_data();
     void withoutMainWindowThereIsNoMenu();
     void stickCommandGoesOnAllItsKeys_data();
@@ -320,6 +322,18 @@ void GkeyMenuTest::menuIsDeletedAfterwards()
     QVERIFY(driver.hasRun());
     QVERIFY(!menu);
     QVERIFY(on.window.children().isEmpty());
+}
+
+void GkeyMenuTest::keyIsRedrawnWhenItsMenuIsGone()
+{
+    KeyScene on;
+    SceneRedraws redraws(on.scene);
+    const QRectF inKey(101, 101, 38, 28);
+    QTRY_VERIFY(redraws.cover(inKey));
+    const MenuDriver driver([&](QMenu&) { redraws.clear(); });
+    askForMenu(*on.key);
+    QVERIFY(driver.hasRun());
+    QTRY_VERIFY(redraws.cover(inKey));
 }
 
 void GkeyMenuTest::withoutMainWindowThereIsNoMenu_data()

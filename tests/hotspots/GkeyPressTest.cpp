@@ -3,11 +3,15 @@
 #include <cMacroEditor.h>
 #include <DialogDriver.h>
 #include <MagnetTextItem.h>
+#include <MenuDriver.h>
 #include <SceneEvents.h>
+#include <SceneRedraws.h>
 #include <ServiceNames.h>
 #include <TestCase.h>
 
 #include <QCursor>
+#include <QGraphicsSceneContextMenuEvent>
+#include <QGraphicsSceneDragDropEvent>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
@@ -50,6 +54,7 @@ class GkeyPressTest : public TestCase
 
 private Q_SLOTS:
     void hoverLightsTheKey();
+    void hoverRedrawsTheKey();
     void hoverCursorTellsWhatCanBeDragged_data();
     void hoverCursorTellsWhatCanBeDragged();
     void leavingKeepsTheCursor();
@@ -84,6 +89,26 @@ void GkeyPressTest::hoverLightsTheKey()
     SceneEvents::hoverLeave(*on.key);
     QVERIFY(!on.key->isLit());
     QCOMPARE(on.takeLog(), QStringList("hoverOut()"));
+}
+
+void GkeyPressTest::hoverRedrawsTheKey()
+{
+    KeyScene on;
+    // Away from the key, so that what is drawn anew is the key's own place.
+    on.key->setGlowPixmap(QPixmap());
+    on.key->setContextButtonPos(300, 300);
+    on.key->setKeyRect(100, 100, 40, 30);
+    on.scene.removeItem(on.label);
+    const std::unique_ptr<MagnetTextItem> label(on.label);
+    SceneRedraws redraws(on.scene);
+    const QRectF inKey(101, 101, 38, 28);
+    QTRY_VERIFY(redraws.cover(inKey));
+    redraws.clear();
+    SceneEvents::hoverEnter(*on.key);
+    QTRY_VERIFY(redraws.cover(inKey));
+    redraws.clear();
+    SceneEvents::hoverLeave(*on.key);
+    QTRY_VERIFY(redraws.cover(inKey));
 }
 
 void GkeyPressTest::hoverCursorTellsWhatCanBeDragged_data()
@@ -297,6 +322,10 @@ void GkeyPressTest::filterForwardsTheLabelsEvents_data()
     QTest::newRow("press") << QEvent::GraphicsSceneMousePress << QStringList(R"(clicked("G7"))") << true;
     QTest::newRow("double click") << QEvent::GraphicsSceneMouseDoubleClick << QStringList(R"(edit("G7"))")
                                   << true;
+    QTest::newRow("context menu") << QEvent::GraphicsSceneContextMenu
+                                  << QStringList({mainWindow(), assignmentHasBackup(), stringToGKey()})
+                                  << true;
+    QTest::newRow("drag leave") << QEvent::GraphicsSceneDragLeave << nothing << true;
     QTest::newRow("hover enter") << QEvent::GraphicsSceneHoverEnter << QStringList("hoverIn()") << false;
     QTest::newRow("hover leave") << QEvent::GraphicsSceneHoverLeave << QStringList("hoverOut()") << false;
     QTest::newRow("release") << QEvent::GraphicsSceneMouseRelease << nothing << false;
@@ -323,10 +352,21 @@ void GkeyPressTest::filterForwardsTheLabelsEvents()
     } else if (type == QEvent::GraphicsSceneWheel) {
         QGraphicsSceneWheelEvent event(type);
         filter(event);
+    } else if (type == QEvent::GraphicsSceneContextMenu) {
+        QGraphicsSceneContextMenuEvent event(type);
+        const MenuDriver driver([](QMenu&) {});
+        filter(event);
+        QVERIFY(driver.hasRun());
+    } else if (type == QEvent::GraphicsSceneDragLeave) {
+        QGraphicsSceneDragDropEvent event(type);
+        filter(event);
     } else {
         QGraphicsSceneMouseEvent event(type);
         event.setButton(Qt::LeftButton);
+        event.ignore();
         filter(event);
+        // Without that the scene would send no moves.
+        QCOMPARE(event.isAccepted(), type == QEvent::GraphicsSceneMousePress);
     }
     // A release over the label leaves the key's cursor alone.
     if (type == QEvent::GraphicsSceneMouseRelease)

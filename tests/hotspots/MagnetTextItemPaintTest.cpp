@@ -49,6 +49,45 @@ private:
     QRegion m_region;
 };
 
+/// A label with a connect line in a view that has been drawn.
+class LineInView
+{
+    Q_DISABLE_COPY(LineInView)
+
+public:
+    /// The line's ends are opposite corners of this, in the label's coordinates.
+    static constexpr QRectF Line {20, 50, 100, 40};
+
+    LineInView()
+        : label(new Label(blank(3), 60))
+    {
+        scene.addItem(label);
+        label->setCenter(100, 100);
+        label->setConnectLine(Line.topLeft(), Line.bottomRight());
+        // As on the canvas: the bounds, by which other views know what to redraw, do not count the line in.
+        view.setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
+        // A scene that tells its changes redraws all of itself when an item goes: the paint events count.
+        view.viewport()->installEventFilter(&painted);
+        view.resize(640, 640);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QTRY_VERIFY(painted.contains(placeOf(Line)));
+        QCoreApplication::processEvents();
+        painted.clear();
+    }
+
+    /// Where the view shows a place that is given in the label's coordinates.
+    QRegion placeOf(const QRectF& inLabel) const
+    {
+        return view.mapFromScene(label->mapRectToScene(inLabel)).boundingRect();
+    }
+
+    QGraphicsScene scene {0, 0, 600, 600};
+    Label* const label;
+    PaintedRegion painted;
+    QGraphicsView view {&scene};
+};
+
 } // namespace
 
 /// What a label draws, pixel by pixel.
@@ -74,6 +113,8 @@ private Q_SLOTS:
     void connectLineMayLeaveTheBounds();
     void connectLineGoesWithItsLabel_data();
     void connectLineGoesWithItsLabel();
+    void connectLineComesWithItsLabel_data();
+    void connectLineComesWithItsLabel();
     void wideRightToLeftTextShowsItsBeginning();
 };
 
@@ -324,35 +365,34 @@ void MagnetTextItemPaintTest::connectLineGoesWithItsLabel_data()
     QTest::newRow("deleted") << Change([](Label* label) { delete label; });
     QTest::newRow("emptied") << Change([](Label* label) { label->setText(QString()); });
     QTest::newRow("moved") << Change([](Label* label) { label->setCenter(400, 400); });
-    QTest::newRow("another line") << Change(
-        [](Label* label) { label->setConnectLine(QPointF(20, 50), QPointF(20, 90)); });
 }
 
 void MagnetTextItemPaintTest::connectLineGoesWithItsLabel()
 {
     QFETCH(Change, change);
-    QGraphicsScene scene(0, 0, 600, 600);
-    auto* const label = new Label(blank(3), 60);
-    scene.addItem(label);
-    label->setCenter(100, 100);
-    label->setConnectLine(QPointF(20, 50), QPointF(120, 90));
-    const QRectF line = label->mapRectToScene(QRectF(20, 50, 100, 40));
-    QGraphicsView view(&scene);
-    // As on the canvas: the bounds, by which other views know what to redraw, do not count the line in.
-    view.setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
-    // A scene that tells its changes redraws all of itself when an item goes: the paint events count.
-    PaintedRegion painted;
-    view.viewport()->installEventFilter(&painted);
-    view.resize(640, 640);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    const QRegion place(view.mapFromScene(line).boundingRect());
-    QTRY_VERIFY(painted.contains(place));
-    QCoreApplication::processEvents();
-    painted.clear();
+    LineInView on;
+    const QRegion place = on.placeOf(LineInView::Line);
+    change(on.label);
+    QTRY_VERIFY(on.painted.contains(place));
+}
 
-    change(label);
-    QTRY_VERIFY(painted.contains(place));
+void MagnetTextItemPaintTest::connectLineComesWithItsLabel_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QRectF>("line");
+    QTest::newRow("moved") << Change([](Label* label) { label->setCenter(400, 400); }) << LineInView::Line;
+    QTest::newRow("given another line")
+        << Change([](Label* label) { label->setConnectLine(QPointF(220, 250), QPointF(320, 290)); })
+        << QRectF(220, 250, 100, 40);
+}
+
+void MagnetTextItemPaintTest::connectLineComesWithItsLabel()
+{
+    QFETCH(Change, change);
+    QFETCH(QRectF, line);
+    LineInView on;
+    change(on.label);
+    QTRY_VERIFY(on.painted.contains(on.placeOf(line)));
 }
 
 void MagnetTextItemPaintTest::wideRightToLeftTextShowsItsBeginning()

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void hoverWrapsAtTheLargestWidth();
     void wrapsAtAnyCharacter();
     void grownLabelKeepsItsTopLeftCorner();
+    void grownLabelIsFoundInItsWholePlace();
     void grownLabelStandsAboveAndReturns();
     void staticLabelGrowsWithAnArrow();
     void setTextOnAGrownLabelLeavesItExpanded();
@@ -268,6 +269,27 @@ void MagnetTextItemTest::grownLabelKeepsItsTopLeftCorner()
     QVERIFY(label.textWidth() > 30);
     label.onGkeyHoverOut();
     QCOMPARE(label.pos(), corner);
+}
+
+void MagnetTextItemTest::grownLabelIsFoundInItsWholePlace()
+{
+    QGraphicsScene scene(0, 0, 1000, 1000);
+    auto* const label = new Label("Throw the second grenade over the wall", 30, 400);
+    scene.addItem(label);
+    // Others, so that the scene's index has something to tell apart.
+    for (int i = 0; i < 200; ++i)
+        scene.addRect(5 * i, 900, 3, 3);
+    const auto isThere = [&](int x) {
+        return scene.items(label->mapToScene(x, 5)).contains(label);
+    };
+    QVERIFY(isThere(20));
+    QVERIFY(!isThere(120));
+    QCoreApplication::processEvents();
+    label->onGkeyHoverIn();
+    QVERIFY(label->textWidth() > 120);
+    QVERIFY(isThere(120));
+    label->onGkeyHoverOut();
+    QVERIFY(!isThere(120));
 }
 
 void MagnetTextItemTest::grownLabelStandsAboveAndReturns()

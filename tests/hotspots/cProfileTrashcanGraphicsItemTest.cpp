@@ -3,6 +3,7 @@
 #include <cProfileTrashcanGraphicsItem.h>
 #include <DragFormats.h>
 #include <SceneEvents.h>
+#include <SceneRedraws.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 
@@ -92,6 +93,7 @@ private Q_SLOTS:
     void acceptsDropsAndHoverEvents();
     void onlyTheDragBitShowsTheHoverPicture_data();
     void onlyTheDragBitShowsTheHoverPicture();
+    void anotherStateIsDrawnAtOnce();
     void withoutHoverPictureTheNormalOneStays();
     void nullPicturesDrawNothing();
     void dragLightsThePictureUntilItLeaves();
@@ -154,6 +156,18 @@ void cProfileTrashcanGraphicsItemTest::onlyTheDragBitShowsTheHoverPicture()
     Trashcan trashcan;
     trashcan.setState(state);
     QCOMPARE(int(lookOf(trashcan)), look);
+}
+
+void cProfileTrashcanGraphicsItemTest::anotherStateIsDrawnAtOnce()
+{
+    QGraphicsScene scene(0, 0, 200, 200);
+    auto* const trashcan = new Trashcan;
+    scene.addItem(trashcan);
+    SceneRedraws redraws(scene);
+    QTRY_VERIFY(redraws.cover(trashcan->boundingRect()));
+    redraws.clear();
+    trashcan->setState(4);
+    QTRY_VERIFY(redraws.cover(trashcan->boundingRect()));
 }
 
 void cProfileTrashcanGraphicsItemTest::withoutHoverPictureTheNormalOneStays()

@@ -35,8 +35,11 @@ public:
     {
         QDragEnterEvent event(QPoint(1, 1), Qt::CopyAction, dragged, Qt::LeftButton, Qt::NoModifier);
         event.setDropAction(Qt::IgnoreAction);
+        event.accept();
         dragEnterEvent(&event);
-        return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+        if (event.isAccepted() != (event.dropAction() == Qt::CopyAction))
+            QTest::qFail("accepted without an action, or the other way round", __FILE__, __LINE__);
+        return event.isAccepted();
     }
     bool drop(const QMimeData* dragged, Qt::DropAction proposed = Qt::CopyAction)
     {
