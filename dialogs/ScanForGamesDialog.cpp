@@ -66,6 +66,8 @@ ScanForGamesDialog* ScanForGamesDialog::s_dialog = nullptr;
 ScanForGamesDialog::ScanForGamesDialog(QWidget* parent)
     : QDialog(parent)
 {
+    if (s_dialog)
+        s_dialog->m_isTaken.acquire();
     s_dialog = this;
     // The queued calls carry elements.
     qRegisterMetaType<QDomElement>("QDomElement");
@@ -87,8 +89,7 @@ ScanForGamesDialog::ScanForGamesDialog(QWidget* parent)
 ScanForGamesDialog::~ScanForGamesDialog()
 {
     // A dialog that was neither accepted nor rejected still has its worker.
-    m_watcher.cancel();
-    m_watcher.waitForFinished();
+    endWorker();
     for (int i = 0; i < m_list->count(); ++i) {
         delete entryOf(m_list->item(i));
         m_list->item(i)->setData(Qt::UserRole, QVariant());
@@ -246,7 +247,6 @@ void ScanForGamesDialog::onOK()
 
 void ScanForGamesDialog::onRejected()
 {
-    m_watcher.cancel();
-    m_watcher.waitForFinished();
+    endWorker();
     QApplication::restoreOverrideCursor();
 }

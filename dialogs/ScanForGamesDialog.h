@@ -38,7 +38,8 @@ Q_DECLARE_METATYPE(cScanEntry*)
 /// The games come from the database "Profiler:/GameDatabase.xml". A worker on the global thread pool reads it
 /// and looks for each game; what it finds reaches the dialog by queued calls, so that the list fills while
 /// the user watches. There is one row for each signature; a second row of a name is hidden behind the one
-/// that says more. The scan begins with the dialog, of which there is one at a time.
+/// that says more. The scan begins with the dialog. There may be several, since the first scan that the view
+/// offers by itself comes without looking whether the user has just asked for one: each scans for itself.
 class ScanForGamesDialog : public QDialog
 {
     Q_OBJECT
@@ -68,6 +69,7 @@ private:
     void createList();
     QBoxLayout* createFooter();
     void startWorker();
+    void endWorker();
 
     // The worker's: these run on its thread. They touch nothing but m_database, the watcher's mark of a
     // cancel and, by queued calls, the slots.
@@ -79,7 +81,8 @@ private:
     void hideDuplicate(QListWidgetItem* earlier, QListWidgetItem* row);
     void showCount();
 
-    /// The dialog of the worker, which takes no arguments.
+    /// The dialog of the worker that begins next; it takes no arguments. Another dialog comes here only after
+    /// the worker of this one has begun or will never begin.
     static ScanForGamesDialog* s_dialog;
 
     QLabel* m_statusLabel = nullptr;
@@ -97,4 +100,6 @@ private:
     int m_duplicates = 0;
     /// Opens when the watcher has its future: until then the worker must not look at it.
     QSemaphore m_isWatched;
+    /// Opens when the worker does not look at s_dialog any more.
+    QSemaphore m_isTaken;
 };

@@ -52,9 +52,18 @@ void ScanForGamesDialog::startWorker()
     connect(&m_watcher, SIGNAL(finished()), this, SLOT(onScanFinished()));
 }
 
+void ScanForGamesDialog::endWorker()
+{
+    m_watcher.cancel();
+    m_watcher.waitForFinished();
+    // A worker that was cancelled before it began has not said so itself.
+    m_isTaken.release();
+}
+
 bool ScanForGamesDialog::scan()
 {
     ScanForGamesDialog* const dialog = s_dialog;
+    dialog->m_isTaken.release();
     dialog->m_isWatched.acquire();
     return dialog->scanDatabase();
 }

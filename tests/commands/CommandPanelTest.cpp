@@ -148,7 +148,6 @@ public:
         return m_heard.contains(line);
     }
 
-    const StyleSheetRemark remark;
     Panel panel {false};
     Target* const target;
     cSearchBox box;

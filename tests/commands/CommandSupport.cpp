@@ -5,7 +5,6 @@
 #include <ShownInView.h>
 
 #include <QImage>
-#include <QMetaMethod>
 #include <QtTest>
 
 #include <algorithm>
@@ -20,7 +19,7 @@ void CommandSupport::show(const QString& profileID, const QString& category, con
 }
 
 FakeType::FakeType(const QString& uid, const QString& iconPath, bool isPrivate)
-    : m_isPrivate(isPrivate)
+    : PlainMacroType(cJsonValue(), isPrivate)
 {
     m_info["uid"] = uid;
     m_info["iconpath"] = iconPath;
@@ -46,53 +45,6 @@ cJsonValue CommandSupport::macros(const QStringList& names)
     return records;
 }
 
-SignalLog::SignalLog(const QObject& sender, const QMetaObject& meta, RecordingHost& host)
-    : m_host(host)
-{
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        const QMetaMethod signal = meta.method(i);
-        if (signal.methodType() != QMetaMethod::Signal)
-            continue;
-        const QByteArray parameters = signal.methodSignature().mid(signal.name().size());
-        const char* slot = parameters == "()" ? "onPlain()"
-            : parameters == "(cJsonValue)"    ? "onMacro(cJsonValue)"
-            : parameters == "(QPoint)"        ? "onPoint(QPoint)"
-                                              : "onText(QString)";
-        connect(&sender, signal, this, metaObject()->method(metaObject()->indexOfSlot(slot)));
-    }
-}
-
-void SignalLog::add(const QString& value)
-{
-    const QByteArray name = sender()->metaObject()->method(senderSignalIndex()).name();
-    const QString line = QString::fromLatin1(name) + '(' + value + ')';
-    m_host.note(line);
-    if (onLine)
-        onLine(line);
-}
-
-namespace {
-
-QtMessageHandler s_next = nullptr;
-
-void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
-{
-    if (type != QtWarningMsg || !text.startsWith("Could not parse stylesheet of object cSearchBox("))
-        s_next(type, context, text);
-}
-
-} // namespace
-
-StyleSheetRemark::StyleSheetRemark()
-{
-    s_next = qInstallMessageHandler(handleMessage);
-}
-
-StyleSheetRemark::~StyleSheetRemark()
-{
-    qInstallMessageHandler(s_next);
-}
-
 Panel::Panel(bool isShown)
 {
     show(Profile);
@@ -108,7 +60,7 @@ Panel::Panel(bool isShown)
     });
     window.resize(300, 400);
     list = std::make_unique<cMacroList>(&window);
-    signalLog = std::make_unique<SignalLog>(*list, cMacroList::staticMetaObject, host);
+    signalLog = std::make_unique<SignalLog>(*list, host);
     window.setVisible(isShown);
     host.clear();
 }

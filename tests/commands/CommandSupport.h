@@ -2,16 +2,15 @@
 
 #include <cJsonValue.h>
 #include <cMacroList.h>
-#include <IMacroType.h>
+#include <PlainMacroType.h>
 #include <RecordingHost.h>
+#include <SignalLog.h>
 
 #include <QList>
-#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 
 class cMacroItem;
@@ -33,65 +32,16 @@ inline const QString Private = QStringLiteral("urn:private");
 void show(
     const QString& profileID, const QString& category = Category, const QStringList& controls = Controls);
 
-class FakeType final : public IMacroType
+/// A type of which only the id and the icon are asked.
+class FakeType final : public PlainMacroType
 {
-    Q_OBJECT
-
 public:
     FakeType(const QString& uid, const QString& iconPath, bool isPrivate = false);
-
-    cJsonValue info() override { return m_info; }
-    IMacroEditor* editor(cJsonValue) override { return nullptr; }
-    cJsonValue XmlToJson(QDomElement) override { return cJsonValue(); }
-    QDomElement JsonToXml(QDomDocument, cJsonValue) override { return QDomElement(); }
-    cPlayStatePtr createPlayState(cJsonValue) override { return cPlayStatePtr(); }
-    bool isRepeatable() override { return false; }
-    bool isPrivate() override { return m_isPrivate; }
-    bool isFixedName() override { return false; }
-    int getPriority() override { return 0; }
-
-    cJsonValue m_info;
-
-private:
-    const bool m_isPrivate;
 };
 
 cJsonValue macro(const QString& uid, const QString& name, const QString& type = Keys, bool hidden = false);
 /// Commands "{1}", "{2}" and so on with those names.
 cJsonValue macros(const QStringList& names);
-
-/// Writes each signal of an object to the host's log, as in: MacroSelected({1})
-class SignalLog : public QObject
-{
-    Q_OBJECT
-
-public:
-    SignalLog(const QObject& sender, const QMetaObject& meta, RecordingHost& host);
-
-    /// Called after each line.
-    std::function<void(const QString&)> onLine;
-
-private Q_SLOTS:
-    void onPlain() { add(QString()); }
-    void onMacro(const cJsonValue& macro) { add(macro["uid"].toString()); }
-    void onText(const QString& text) { add('"' + text + '"'); }
-    void onPoint(const QPoint& point) { add(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())); }
-
-private:
-    void add(const QString& value);
-
-    RecordingHost& m_host;
-};
-
-/// Swallows what Qt says of the search box's style sheets, whose last brace closes nothing, while it lives.
-class StyleSheetRemark
-{
-    Q_DISABLE_COPY(StyleSheetRemark)
-
-public:
-    StyleSheetRemark();
-    ~StyleSheetRemark();
-};
 
 /// A host with three types, a main window and a list of commands in it.
 class Panel

@@ -66,7 +66,6 @@ public:
         return texts;
     }
 
-    const CommandSupport::StyleSheetRemark remark;
     QTemporaryDir folder;
     std::unique_ptr<PluginFolder> mounted;
     std::unique_ptr<cSearchBox> box;

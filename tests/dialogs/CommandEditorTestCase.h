@@ -7,9 +7,11 @@
 #include <TestCase.h>
 
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QStringList>
 
 #include <memory>
@@ -65,6 +67,10 @@ protected:
     QLineEdit& name() { return *part<QLineEdit>("meLineEdit"); }
     QPushButton& okButton() { return *part<QPushButton>("acceptbutton"); }
     QPushButton* grayButton(const char* shown) { return part<QPushButton>("grayButton", shown); }
+    /// The name of the type in front.
+    QString title() { return part<QLabel>("DialogTitle")->text(); }
+    QStackedWidget& stack() { return *m_page->findChild<QStackedWidget*>(); }
+    QGroupBox& group() { return *m_page->findChild<QGroupBox*>(); }
     QComboBox& repeat() { return *m_page->findChild<QComboBox*>(); }
     QLineEdit& delay();
     /// Hears the page's three signals and notes them in the log.

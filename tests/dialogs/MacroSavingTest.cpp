@@ -1,16 +1,16 @@
-#include "CommandEditorTestCase.h"
+#include "MacroSavingTestCase.h"
 
-#include <FixedIds.h>
-#include <JsonText.h>
 #include <ServiceNames.h>
 
+#include <QRegularExpression>
 #include <QTranslator>
+#include <QUuid>
+
+#include <algorithm>
 
 using namespace TestIds;
 
 namespace {
-
-const QString Media = MacroNamespaces::Media;
 
 /// Turns each text of the page around.
 class TurningTranslator : public QTranslator
@@ -31,8 +31,8 @@ public:
 
 } // namespace
 
-/// How the edit page stores commands: each road with all its calls in order.
-class MacroSavingTest : public CommandEditorTestCase
+/// What OK stores, also where the form objects or is missing or the host does not answer.
+class MacroSavingTest : public MacroSavingTestCase
 {
     Q_OBJECT
 
@@ -53,73 +53,14 @@ private Q_SLOTS:
     void wrongFormIsNotSaved_data();
     void wrongFormIsNotSaved();
     void fixedNameIsTranslatedForTheUser();
-
     void repeatGoesIntoTheRecord_data();
     void repeatGoesIntoTheRecord();
     void hiddenRepeatOptionsStillCount();
-
-    void addLeavesThePageOpen();
-    void addedCommandsHaveIdsOfTheirOwn();
-    void addOfABuiltInThatExistsIsReported();
-    void addOfAFixedNameGoesOnInTheForm();
-
     void commandWithoutAFormIsRenamed();
     void commandWithoutAFormStaysAsItIs();
     void profileIsTheOneThatTheViewShowsWhenSaving();
     void hostThatDoesNotAnswerBreaksNothing();
     void formThatGoesDuringItsCheckIsLeftAlone();
-
-private:
-    /// A built-in command of the host.
-    void offer(const QString& uid)
-    {
-        cJsonValue found;
-        found["uid"] = uid;
-        host().answer("getMacroByTypeAndName", found);
-    }
-    /// Opens the page of a new command, with its form.
-    void openNew(int place)
-    {
-        openPage();
-        listen();
-        page().changePage(place);
-        takeLog();
-    }
-    void openEdit(const cJsonValue& macro, int place)
-    {
-        openPage(macro);
-        listen();
-        page().changePage(place);
-        takeLog();
-    }
-    static QString mediaNote(const char* what) { return Media + ": " + what; }
-    static QString lookup(const QString& name)
-    {
-        return QString("getMacroByTypeAndName(\"{PROFILE}\", \"%1\", \"%2\", false)").arg(Media, name);
-    }
-    /// A call that hands over a record.
-    static QString call(const char* operation, const cJsonValue& macro)
-    {
-        return QString("%1(\"{PROFILE}\", %2)").arg(operation, QString::fromUtf8(HVS::toJsonText(macro)));
-    }
-    static QString permission(const cJsonValue& macro)
-    {
-        return "canMacroBeChangedTo(\"{PROFILE}\", \"{1}\", " + QString::fromUtf8(HVS::toJsonText(macro))
-            + ")";
-    }
-    static cJsonValue saved(const char* uid, const QString& typeId, const char* name, const cJsonValue& data)
-    {
-        cJsonValue macro = record(typeId, name);
-        macro["uid"] = uid;
-        macro["data"] = data;
-        return macro;
-    }
-    static cJsonValue added(const QString& typeId, const char* name, const cJsonValue& data)
-    {
-        cJsonValue macro = saved("{NEW}", typeId, name, data);
-        macro["hidden"] = false;
-        return macro;
-    }
 };
 
 void MacroSavingTest::newCommandIsAdded()
@@ -368,83 +309,6 @@ void MacroSavingTest::hiddenRepeatOptionsStillCount()
     page().ok();
     QCOMPARE(
         HVS::toJsonText(sentRecord("addMacro")["repeat"]), QByteArray("{\"delay\":25,\"mode\":\"toggle\"}"));
-}
-
-void MacroSavingTest::addLeavesThePageOpen()
-{
-    openNew(0);
-    name().setText("Shoot");
-    keys().form->content = 1;
-    page().activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&page()));
-    repeat().setFocus();
-    takeLog();
-    grayButton("Add")->click();
-    QCOMPARE(takeLog(),
-        QStringList({"urn:keys: onOK", call("addMacro", added(Keys, "Shoot", 1)), "urn:keys: onClearForm"}));
-    QCOMPARE(name().text(), QString());
-    QVERIFY(name().hasFocus());
-    QVERIFY(grayButton("Close"));
-    QCOMPARE(savers(), QString());
-
-    // Once the next one can be saved, leaving is cancelling again.
-    keys().form->isFilled = false;
-    name().setText("Fire");
-    QVERIFY(grayButton("Close"));
-    keys().form->isFilled = true;
-    keys().form->propose("Fire");
-    QVERIFY(!grayButton("Close"));
-    QVERIFY(grayButton("Cancel"));
-    takeLog();
-    okButton().click();
-    QCOMPARE(takeLog(),
-        QStringList({"urn:keys: onOK", call("addMacro", added(Keys, "Fire", 1)),
-            "signal macroEditorClosed {NEW}", "signal accepted 1"}));
-}
-
-void MacroSavingTest::addedCommandsHaveIdsOfTheirOwn()
-{
-    openNew(0);
-    QStringList uids;
-    for (int i = 0; i < 3; ++i) {
-        name().setText("Shoot");
-        grayButton("Add")->click();
-        uids << sentRecord("addMacro")["uid"].toString();
-    }
-    uids.removeDuplicates();
-    QCOMPARE(uids.size(), 3);
-}
-
-void MacroSavingTest::addOfABuiltInThatExistsIsReported()
-{
-    openNew(2);
-    offer("{7}");
-    media().form->fixedName = "Louder";
-    media().form->propose("Louder");
-    takeLog();
-    grayButton("Add")->click();
-    QCOMPARE(takeLog(), QStringList({mediaNote("onOK"), lookup("Louder"), "signal macroEditorClosed {7}"}));
-    QCOMPARE(name().text(), QString("Louder"));
-    QCOMPARE(savers(), QString("OK Add"));
-    QVERIFY(grayButton("Cancel"));
-}
-
-void MacroSavingTest::addOfAFixedNameGoesOnInTheForm()
-{
-    openNew(2);
-    media().form->fixedName = "Louder";
-    media().form->propose("Louder");
-    page().activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&page()));
-    grayButton("Add")->setFocus();
-    takeLog();
-    grayButton("Add")->click();
-    QCOMPARE(takeLog(),
-        QStringList({mediaNote("onOK"), lookup("Louder"),
-            call("addMacro", added(Media, "Louder", cJsonValue())), mediaNote("onClearForm")}));
-    // The name field is not there to take the focus.
-    QVERIFY(media().form->hasFocus());
-    QVERIFY(grayButton("Close"));
 }
 
 void MacroSavingTest::commandWithoutAFormIsRenamed()

@@ -3,15 +3,14 @@
 #include <FixedIds.h>
 #include <MetaMembers.h>
 #include <MethodText.h>
-#include <ServiceNames.h>
 
 #include <QBoxLayout>
-#include <QGroupBox>
 #include <QIntValidator>
-#include <QStackedWidget>
+#include <QMap>
 
 using namespace TestIds;
 
+/// What the page is built of, and what it shows of a record.
 class cMacroEditPageTest : public CommandEditorTestCase
 {
     Q_OBJECT
@@ -28,42 +27,14 @@ private Q_SLOTS:
     void buttonsStandInARow();
     void fixedNameIsNotShown_data();
     void fixedNameIsNotShown();
-
-    void nextPageTakesOver();
-    void nextPageIsAskedWhatCanBeSaved_data();
-    void nextPageIsAskedWhatCanBeSaved();
-    void placeOutsideKeepsThePage_data();
-    void placeOutsideKeepsThePage();
-    void typeThatDoesNotRepeatHidesTheOptions();
-    void unknownAnswerLeavesTheOptionsAsTheyAre();
-
-    void nameAndFormDecideWhatCanBeSaved_data();
-    void nameAndFormDecideWhatCanBeSaved();
-    void formIsNotAskedWithoutAName();
-    void proposalOfAFormBecomesTheName();
-    void eachKeystrokeCounts();
-
     void repeatOfTheRecordIsShown_data();
     void repeatOfTheRecordIsShown();
     void delayCanBeSetForRepeats();
     void delayTakesNumbersOnly();
 
-    void helpIsTheForms();
-    void cancelAsksTheForm_data();
-    void cancelAsksTheForm();
-
-    void commandOfAnotherTypeKeepsItsName_data();
-    void commandOfAnotherTypeKeepsItsName();
-    void typeWithoutAFormKeepsItsPlace();
-    void formThatIsGoneIsLeftAlone();
-    void hostWithoutTypesOffersNothing();
-
 private:
-    QGroupBox& group() { return *page().findChild<QGroupBox*>(); }
-    QStackedWidget& stack() { return *page().findChild<QStackedWidget*>(); }
-    QString title() { return part<QLabel>("DialogTitle")->text(); }
     /// Texts of the buttons of the row, from left to right.
-    QString row() const
+    QString row()
     {
         QMap<int, QString> buttons;
         for (const QPushButton* button : page().findChildren<QPushButton*>()) {
@@ -71,10 +42,6 @@ private:
                 buttons[button->x()] = button->text();
         }
         return QStringList(buttons.values()).join(' ');
-    }
-    cMacroEditPage& page() const
-    {
-        return const_cast<cMacroEditPageTest*>(this)->CommandEditorTestCase::page();
     }
 };
 
@@ -231,202 +198,6 @@ void cMacroEditPageTest::fixedNameIsNotShown()
     QCOMPARE(name().isEnabled(), isShown);
 }
 
-void cMacroEditPageTest::nextPageTakesOver()
-{
-    openPage();
-    takeLog();
-    page().changePage(1);
-    QCOMPARE(takeLog(), QStringList({"urn:keys: onCancel", "getMacroTypeByID(\"urn:text\")"}));
-    QCOMPARE(stack().currentWidget(), static_cast<QWidget*>(text().form));
-    QCOMPARE(title(), QString("Text"));
-    QVERIFY(name().isVisible());
-
-    name().setText("Louder");
-    takeLog();
-    page().changePage(2);
-    QCOMPARE(takeLog(),
-        QStringList({"urn:text: onCancel", MacroNamespaces::Media + QString(": setMacroName Louder"),
-            "getMacroTypeByID(\"" + MacroNamespaces::Media + "\")"}));
-    QVERIFY(!name().isVisible());
-    QVERIFY(!name().isEnabled());
-    QVERIFY(!part<QLabel>("meNameLabel")->isVisible());
-
-    // A page that does not want to be left is left all the same.
-    media().form->canBeLeft = false;
-    page().changePage(0);
-    QCOMPARE(takeLog(),
-        QStringList({MacroNamespaces::Media + QString(": onCancel"), "getMacroTypeByID(\"urn:keys\")"}));
-    QCOMPARE(stack().currentIndex(), 0);
-    QVERIFY(name().isVisible());
-    QVERIFY(name().isEnabled());
-    QVERIFY(part<QLabel>("meNameLabel")->isVisible());
-    // The same page once more is left as well.
-    page().changePage(0);
-    QCOMPARE(takeLog(), QStringList({"urn:keys: onCancel", "getMacroTypeByID(\"urn:keys\")"}));
-}
-
-void cMacroEditPageTest::nextPageIsAskedWhatCanBeSaved_data()
-{
-    QTest::addColumn<int>("place");
-    QTest::addColumn<QString>("typedName");
-    QTest::addColumn<QString>("fixedName");
-    QTest::addColumn<QString>("savers");
-    QTest::newRow("no name") << 1 << ""
-                             << ""
-                             << "";
-    // Whether the form is filled is seen when it is saved.
-    QTest::newRow("name") << 1 << "a"
-                          << ""
-                          << "OK Add";
-    QTest::newRow("no name, default name does not count") << 1 << ""
-                                                          << "b"
-                                                          << "";
-    QTest::newRow("no fixed name") << 2 << ""
-                                   << ""
-                                   << "";
-    QTest::newRow("typed name does not count") << 2 << "a"
-                                               << ""
-                                               << "";
-    QTest::newRow("fixed name") << 2 << ""
-                                << "b"
-                                << "OK Add";
-}
-
-void cMacroEditPageTest::nextPageIsAskedWhatCanBeSaved()
-{
-    QFETCH(int, place);
-    QFETCH(QString, typedName);
-    QFETCH(QString, fixedName);
-    QFETCH(QString, savers);
-    openPage();
-    name().setText(typedName);
-    text().form->isFilled = false;
-    text().form->fixedName = fixedName;
-    media().form->fixedName = fixedName;
-    page().changePage(place);
-    QCOMPARE(this->savers(), savers);
-}
-
-void cMacroEditPageTest::placeOutsideKeepsThePage_data()
-{
-    QTest::addColumn<int>("place");
-    for (int place : {-2, -1, 3, 100})
-        QTest::newRow(qPrintable(QString::number(place))) << place;
-}
-
-void cMacroEditPageTest::placeOutsideKeepsThePage()
-{
-    QFETCH(int, place);
-    openPage();
-    page().changePage(1);
-    takeLog();
-    page().changePage(place);
-    QCOMPARE(takeLog(), QStringList());
-    QCOMPARE(stack().currentIndex(), 1);
-    QCOMPARE(title(), QString("Text"));
-}
-
-void cMacroEditPageTest::typeThatDoesNotRepeatHidesTheOptions()
-{
-    openPage();
-    text().repeats = false;
-    QVERIFY(group().isVisible());
-    page().changePage(1);
-    QVERIFY(!group().isVisible());
-    page().changePage(0);
-    QVERIFY(group().isVisible());
-}
-
-void cMacroEditPageTest::unknownAnswerLeavesTheOptionsAsTheyAre()
-{
-    openPage();
-    text().repeats = false;
-    page().changePage(1);
-    host().setTypes({});
-    page().changePage(0);
-    QVERIFY(!group().isVisible());
-}
-
-void cMacroEditPageTest::nameAndFormDecideWhatCanBeSaved_data()
-{
-    QTest::addColumn<bool>("isNew");
-    QTest::addColumn<QString>("newName");
-    QTest::addColumn<bool>("isFilled");
-    QTest::addColumn<QString>("savers");
-    QTest::newRow("new, name, filled") << true << "a" << true << "OK Add";
-    QTest::newRow("new, name, not filled") << true << "a" << false << "";
-    QTest::newRow("new, no name, filled") << true << "" << true << "";
-    QTest::newRow("new, no name, not filled") << true << "" << false << "";
-    QTest::newRow("edit, name, filled") << false << "a" << true << "OK Add";
-    QTest::newRow("edit, name, not filled") << false << "a" << false << "";
-    QTest::newRow("edit, no name, filled") << false << "" << true << "";
-}
-
-void cMacroEditPageTest::nameAndFormDecideWhatCanBeSaved()
-{
-    QFETCH(bool, isNew);
-    QFETCH(QString, newName);
-    QFETCH(bool, isFilled);
-    QFETCH(QString, savers);
-    openPage(isNew ? cJsonValue() : record(Keys));
-    keys().form->isFilled = isFilled;
-    page().macroNameChanged(newName);
-    QCOMPARE(this->savers(), savers);
-    QCOMPARE(name().text(), newName);
-    // The other road to it: typing.
-    keys().form->isFilled = true;
-    page().macroNameChanged("other");
-    QCOMPARE(this->savers(), QString("OK Add"));
-    keys().form->isFilled = isFilled;
-    name().setText(newName);
-    QCOMPARE(this->savers(), savers);
-}
-
-void cMacroEditPageTest::formIsNotAskedWithoutAName()
-{
-    openPage();
-    keys().form->timesAsked = 0;
-    page().macroNameChanged(QString());
-    QCOMPARE(keys().form->timesAsked, 0);
-    name().setText("a");
-    QVERIFY(keys().form->timesAsked > 0);
-}
-
-void cMacroEditPageTest::proposalOfAFormBecomesTheName()
-{
-    openPage();
-    keys().form->propose("Ctrl+A");
-    QCOMPARE(name().text(), QString("Ctrl+A"));
-    QCOMPARE(savers(), QString("OK Add"));
-    // A form may say the same name again when only its state has changed.
-    keys().form->isFilled = false;
-    keys().form->propose("Ctrl+A");
-    QCOMPARE(savers(), QString());
-    keys().form->isFilled = true;
-    text().form->propose("Hello");
-    QCOMPARE(name().text(), QString("Hello"));
-    QCOMPARE(savers(), QString("OK Add"));
-}
-
-void cMacroEditPageTest::eachKeystrokeCounts()
-{
-    openPage();
-    QStringList states;
-    const auto strike = [&](Qt::Key key) {
-        QTest::keyClick(&name(), key);
-        states << savers();
-    };
-    strike(Qt::Key_A);
-    strike(Qt::Key_B);
-    strike(Qt::Key_Backspace);
-    strike(Qt::Key_Backspace);
-    keys().form->isFilled = false;
-    strike(Qt::Key_A);
-    keys().form->isFilled = true;
-    strike(Qt::Key_B);
-    QCOMPARE(states, QStringList({"OK Add", "OK Add", "OK Add", "", "", "OK Add"}));
-}
-
 void cMacroEditPageTest::repeatOfTheRecordIsShown_data()
 {
     QTest::addColumn<QByteArray>("repeat");
@@ -478,118 +249,6 @@ void cMacroEditPageTest::delayTakesNumbersOnly()
     delay().clear();
     QTest::keyClicks(&delay(), "-1x.2345678");
     QCOMPARE(delay().text(), QString("1234567"));
-}
-
-void cMacroEditPageTest::helpIsTheForms()
-{
-    openPage();
-    page().changePage(1);
-    takeLog();
-    grayButton("Help")->click();
-    QCOMPARE(takeLog(), QStringList({"urn:text: onHelp"}));
-}
-
-void cMacroEditPageTest::cancelAsksTheForm_data()
-{
-    QTest::addColumn<bool>("canBeLeft");
-    QTest::newRow("agrees") << true;
-    QTest::newRow("objects") << false;
-}
-
-void cMacroEditPageTest::cancelAsksTheForm()
-{
-    QFETCH(bool, canBeLeft);
-    openPage(record(Text));
-    listen();
-    takeLog();
-    text().form->canBeLeft = canBeLeft;
-    grayButton("Cancel")->click();
-    QStringList expected {"urn:text: onCancel"};
-    if (canBeLeft)
-        expected << "signal rejected 0";
-    QCOMPARE(takeLog(), expected);
-}
-
-void cMacroEditPageTest::commandOfAnotherTypeKeepsItsName_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("title");
-    QTest::newRow("private") << Hidden << "Hidden";
-    QTest::newRow("unknown") << "urn:none"
-                             << "";
-    QTest::newRow("no type") << ""
-                             << "";
-}
-
-void cMacroEditPageTest::commandOfAnotherTypeKeepsItsName()
-{
-    QFETCH(QString, type);
-    QFETCH(QString, title);
-    openPage(record(type));
-    listen();
-    QCOMPARE(name().text(), QString("Shoot"));
-    QVERIFY(name().isVisible());
-    QVERIFY(okButton().isEnabled());
-    QCOMPARE(this->title(), title);
-    // No form of another type is shown as if it were this command's.
-    QVERIFY(!stack().isVisible());
-    name().clear();
-    QVERIFY(!okButton().isEnabled());
-    name().setText("Fire");
-    QVERIFY(okButton().isEnabled());
-    takeLog();
-    grayButton("Help")->click();
-    grayButton("Cancel")->click();
-    QCOMPARE(takeLog(),
-        QStringList(
-            {"LaunchHelp(\"com.veltrano.profile\", \"customizing_gkeys.htm\")", "signal rejected 0"}));
-    // Choosing a type makes it one of that.
-    page().changePage(1);
-    QVERIFY(stack().isVisible());
-    QCOMPARE(this->title(), QString("Text"));
-}
-
-void cMacroEditPageTest::typeWithoutAFormKeepsItsPlace()
-{
-    text().hasForm = false;
-    openPage();
-    page().changePage(1);
-    QCOMPARE(stack().currentWidget(), static_cast<QWidget*>(keys().form));
-    page().changePage(2);
-    QCOMPARE(title(), QString("Media"));
-}
-
-void cMacroEditPageTest::formThatIsGoneIsLeftAlone()
-{
-    openPage();
-    listen();
-    name().setText("Shoot");
-    delete keys().form;
-    takeLog();
-    name().setText("Fire");
-    QVERIFY(!okButton().isEnabled());
-    grayButton("Help")->click();
-    grayButton("Cancel")->click();
-    QCOMPARE(takeLog(),
-        QStringList(
-            {"LaunchHelp(\"com.veltrano.profile\", \"customizing_gkeys.htm\")", "signal rejected 0"}));
-}
-
-void cMacroEditPageTest::hostWithoutTypesOffersNothing()
-{
-    host().remove(ServiceNames::MacroTypeMgr);
-    {
-        const ExpectedMessage message(
-            QtCriticalMsg, "Failed to call 'getAllMacroTypes' on service Profiler.MacroTypeMgr");
-        openPage();
-    }
-    page().changePage(0);
-    name().setText("Shoot");
-    QCOMPARE(savers(), QString());
-    listen();
-    takeLog();
-    grayButton("Cancel")->click();
-    QCOMPARE(takeLog(), QStringList({"signal rejected 0"}));
 }
 
 VELTRANO_TEST_MAIN(cMacroEditPageTest)

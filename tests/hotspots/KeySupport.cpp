@@ -7,7 +7,6 @@
 
 #include <QCursor>
 #include <QGraphicsPixmapItem>
-#include <QMetaMethod>
 #include <QPainterPath>
 #include <QtTest>
 
@@ -43,39 +42,6 @@ bool TestKey::isLit() const
     if (glow().isVisible() != button().isVisible())
         QTest::qFail("only one of glow and button is visible", __FILE__, __LINE__);
     return glow().isVisible();
-}
-
-SignalLog::SignalLog(Gkey& key, RecordingHost& host)
-    : m_host(host)
-{
-    const QMetaObject& meta = Gkey::staticMetaObject;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        const QMetaMethod signal = meta.method(i);
-        if (signal.methodType() != QMetaMethod::Signal)
-            continue;
-        const QByteArray parameters = signal.methodSignature().mid(signal.name().size());
-        const char* slot = parameters == "()"   ? "onPlain()"
-            : parameters == "(QString)"         ? "onText(QString)"
-            : parameters == "(QPointF,QString)" ? "onTip(QPointF,QString)"
-                                                : "onTexts(QString,QString)";
-        connect(&key, signal, this, metaObject()->method(metaObject()->indexOfSlot(slot)));
-    }
-}
-
-void SignalLog::add(const QVariantList& values)
-{
-    QStringList texts;
-    for (const QVariant& value : values) {
-        const QPointF point = value.toPointF();
-        texts.append(value.userType() == QMetaType::QPointF
-                ? QStringLiteral("%1,%2").arg(point.x()).arg(point.y())
-                : valueText(value));
-    }
-    const QByteArray name = sender()->metaObject()->method(senderSignalIndex()).name();
-    const QString line = QString::fromLatin1(name) + '(' + texts.join(", ") + ')';
-    m_host.note(line);
-    if (onLine)
-        onLine(line);
 }
 
 KeyScene::KeyScene(const QString& contextID)

@@ -4,18 +4,17 @@
 #include <Gkey.h>
 #include <MKey.h>
 #include <RecordingHost.h>
+#include <SignalLog.h>
 #include <TestPictures.h>
 
 #include <QGraphicsScene>
 #include <QMimeData>
-#include <QObject>
 #include <QPointer>
 #include <QSize>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 
 class cGraphicsButton;
@@ -52,29 +51,6 @@ public:
     cGraphicsButton& button() const;
     /// True if both children are visible, false if both are hidden; anything else fails the test.
     bool isLit() const;
-};
-
-/// Writes each signal of a key to the host's log, as in: macroDropped("{1}", "G7")
-class SignalLog : public QObject
-{
-    Q_OBJECT
-
-public:
-    SignalLog(Gkey& key, RecordingHost& host);
-
-    /// Called after each line.
-    std::function<void(const QString&)> onLine;
-
-private Q_SLOTS:
-    void onPlain() { add({}); }
-    void onText(const QString& text) { add({text}); }
-    void onTexts(const QString& one, const QString& other) { add({one, other}); }
-    void onTip(const QPointF& point, const QString& text) { add({point, text}); }
-
-private:
-    void add(const QVariantList& values);
-
-    RecordingHost& m_host;
 };
 
 /// A scene with one key, "G7", and its label, joined as the view joins them, on a host that has a main

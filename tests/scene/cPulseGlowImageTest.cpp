@@ -1,6 +1,6 @@
 #include <cPulseGlowImage.h>
-#include <IMacroType.h>
 #include <MetaMembers.h>
+#include <PlainMacroType.h>
 #include <RecordingHost.h>
 #include <SceneEvents.h>
 #include <ServiceNames.h>
@@ -12,42 +12,6 @@
 #include <utility>
 
 namespace {
-
-/// A type of commands that has an info record and nothing else.
-class FakeMacroType : public IMacroType
-{
-    Q_OBJECT
-
-public:
-    explicit FakeMacroType(const cJsonValue& info)
-        : m_info(info)
-    { }
-
-    cJsonValue info() override { return m_info; }
-    IMacroEditor* editor(cJsonValue) override { return nullptr; }
-    cJsonValue XmlToJson(QDomElement) override { return cJsonValue(); }
-    QDomElement JsonToXml(QDomDocument, cJsonValue) override { return QDomElement(); }
-    cPlayStatePtr createPlayState(cJsonValue) override { return cPlayStatePtr(); }
-    bool isRepeatable() override { return false; }
-    bool isPrivate() override { return false; }
-    bool isFixedName() override { return false; }
-    int getPriority() override { return 0; }
-
-private:
-    cJsonValue m_info;
-};
-
-cJsonValue infoWith(const QStringList& controlTypes)
-{
-    cJsonValue info;
-    info["control_types"] = cJsonValue(cJsonValue::arrayValue);
-    for (const QString& type : controlTypes) {
-        cJsonValue entry;
-        entry["control_type"] = type;
-        info["control_types"].append(entry);
-    }
-    return info;
-}
 
 cJsonValue command(const cJsonValue& typeNamespace)
 {
@@ -115,7 +79,7 @@ void cPulseGlowImageTest::cleanup()
 
 void cPulseGlowImageTest::hostHas(const cJsonValue& info)
 {
-    m_host->answer("getMacroTypeByID", cMacroTypePtr(new FakeMacroType(info)));
+    m_host->answer("getMacroTypeByID", cMacroTypePtr(new PlainMacroType(info)));
 }
 
 void cPulseGlowImageTest::hasItsPropertyOnly()
@@ -149,7 +113,7 @@ void cPulseGlowImageTest::missingPictureDrawsNothing()
 
 void cPulseGlowImageTest::animationBreathes()
 {
-    hostHas(infoWith({"keys"}));
+    hostHas(PlainMacroType::infoWith({"keys"}));
     cPulseGlowImage glow(QString(), {"keys"});
     QPropertyAnimation* animation = glow.animation();
     QCOMPARE(animation->duration(), 2000);
@@ -168,7 +132,7 @@ void cPulseGlowImageTest::animationBreathes()
 
 void cPulseGlowImageTest::fittingCommandLightsTheGlow()
 {
-    hostHas(infoWith({"keys"}));
+    hostHas(PlainMacroType::infoWith({"keys"}));
     cPulseGlowImage glow(QString(), {"keys"});
     glow.hide();
     glow.pulseFor(command("type"));
@@ -194,7 +158,7 @@ void cPulseGlowImageTest::otherCommandsLeaveTheGlowOut_data()
 void cPulseGlowImageTest::otherCommandsLeaveTheGlowOut()
 {
     QFETCH(QStringList, types);
-    hostHas(infoWith(types));
+    hostHas(PlainMacroType::infoWith(types));
     cPulseGlowImage glow(QString(), {"keys"});
     glow.hide();
     glow.pulseFor(command("type"));
@@ -203,7 +167,7 @@ void cPulseGlowImageTest::otherCommandsLeaveTheGlowOut()
 
 void cPulseGlowImageTest::oneOfSeveralTypesSuffices()
 {
-    hostHas(infoWith({"wheel", "stick"}));
+    hostHas(PlainMacroType::infoWith({"wheel", "stick"}));
     cPulseGlowImage glow(QString(), {"keys", "stick"});
     glow.hide();
     glow.pulseFor(command("type"));
@@ -212,7 +176,7 @@ void cPulseGlowImageTest::oneOfSeveralTypesSuffices()
 
 void cPulseGlowImageTest::emptyTypesFitEachOther()
 {
-    hostHas(infoWith({""}));
+    hostHas(PlainMacroType::infoWith({""}));
     cPulseGlowImage glow(QString(), {""});
     glow.hide();
     glow.pulseFor(command("type"));
@@ -221,7 +185,7 @@ void cPulseGlowImageTest::emptyTypesFitEachOther()
 
 void cPulseGlowImageTest::glowWithoutTypesNeverLights()
 {
-    hostHas(infoWith({"keys", ""}));
+    hostHas(PlainMacroType::infoWith({"keys", ""}));
     cPulseGlowImage glow(QString(), {});
     glow.hide();
     glow.pulseFor(command("type"));
@@ -288,7 +252,7 @@ void cPulseGlowImageTest::strangeInfoDoesNothing_data()
     QTest::newRow("null types") << withTypes(cJsonValue());
     QTest::newRow("text for types") << withTypes("keys");
     QTest::newRow("number for types") << withTypes(3);
-    QTest::newRow("object for types") << withTypes(infoWith({"keys"}));
+    QTest::newRow("object for types") << withTypes(PlainMacroType::infoWith({"keys"}));
     cJsonValue texts;
     texts.append("keys").append(5).append(cJsonValue());
     QTest::newRow("texts for entries") << withTypes(texts);
@@ -311,7 +275,7 @@ void cPulseGlowImageTest::strangeInfoDoesNothing()
 
 void cPulseGlowImageTest::secondPulseGoesOn()
 {
-    hostHas(infoWith({"keys"}));
+    hostHas(PlainMacroType::infoWith({"keys"}));
     cPulseGlowImage glow(QString(), {"keys"});
     glow.pulseFor(command("type"));
     glow.animation()->setCurrentTime(1200);
@@ -322,17 +286,17 @@ void cPulseGlowImageTest::secondPulseGoesOn()
 
 void cPulseGlowImageTest::otherCommandDoesNotPutTheGlowOut()
 {
-    hostHas(infoWith({"keys"}));
+    hostHas(PlainMacroType::infoWith({"keys"}));
     cPulseGlowImage glow(QString(), {"keys"});
     glow.pulseFor(command("type"));
-    hostHas(infoWith({"stick"}));
+    hostHas(PlainMacroType::infoWith({"stick"}));
     glow.pulseFor(command("type"));
     QVERIFY(isLit(glow));
 }
 
 void cPulseGlowImageTest::stopPutsTheGlowOut()
 {
-    hostHas(infoWith({"keys"}));
+    hostHas(PlainMacroType::infoWith({"keys"}));
     cPulseGlowImage glow(QString(), {"keys"});
     glow.stopPulse();
     QVERIFY(isOut(glow));

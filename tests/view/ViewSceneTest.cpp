@@ -5,10 +5,8 @@
 #include <cGraphicsText.h>
 #include <cMacroList.h>
 #include <cPulseGlowImage.h>
-#include <cSearchBox.h>
 #include <cTooltip.h>
 #include <Gkey.h>
-#include <MagnetTextItem.h>
 #include <ServiceNames.h>
 #include <TestCase.h>
 #include <TestPictures.h>
@@ -17,22 +15,6 @@
 #include <QFrame>
 #include <QGraphicsPixmapItem>
 
-namespace {
-
-/// The log without the lines of clients that are made, and without what the lists and panes say of
-/// themselves.
-QStringList callsOf(RecordingHost& host)
-{
-    QStringList found;
-    for (const QString& line : host.takeLog()) {
-        if (!line.startsWith("require "))
-            found.append(line);
-    }
-    return found;
-}
-
-} // namespace
-
 /// onDeviceTransformEnd(): what it makes of a record, in which order.
 class ViewSceneTest : public TestCase
 {
@@ -40,6 +22,8 @@ class ViewSceneTest : public TestCase
 
 private Q_SLOTS:
     void hostSeesTheStepsInOrder();
+    void stepsMakeTheirThingsInOrder();
+    void panesAndMaskLieUnderEverythingElse();
     void hostSeesNoModesOfADeviceWithoutThem();
     void endWithoutInitBuildsNothing();
     void endWithoutCanvasBuildsNothing();
@@ -59,9 +43,6 @@ private Q_SLOTS:
     void glowsAreHiddenAtTheirPlaces();
 
     void framesAreShownAtTheEnd();
-    void deinitTakesItAllAway();
-    void deinitKeepsItsOrder();
-    void sceneIsBuiltAnewAfterDeinit();
     void secondEndBuildsASecondTime();
     void emptyManifestGivesPanelsWithoutKeys_data();
     void emptyManifestGivesPanelsWithoutKeys();
@@ -95,7 +76,90 @@ void ViewSceneTest::hostSeesTheStepsInOrder()
         "bool",
         "MainUI.MainUI raiseDeviceBar()",
     };
-    QCOMPARE(callsOf(fixture.host), expected);
+    QCOMPARE(fixture.takeLog(), expected);
+}
+
+namespace {
+
+const char* const DeviceWithAll = R"(
+<mstates><mstate id="M1"/><mstate id="M2"/></mstates>
+<pulseGlows><pulseGlow><types><type name="key"/></types></pulseGlow></pulseGlows>
+<controls><control id="G1"/><control id="G2"/></controls>)";
+
+/// The class of an item as far as it has a name at run time.
+QString classOf(const QGraphicsItem& item)
+{
+    if (const auto* const object = dynamic_cast<const QObject*>(&item))
+        return object->metaObject()->className();
+    if (dynamic_cast<const cGraphicsText*>(&item))
+        return "cGraphicsText";
+    if (qgraphicsitem_cast<const QGraphicsPixmapItem*>(&item))
+        return "QGraphicsPixmapItem";
+    return "QGraphicsRectItem";
+}
+
+QStringList classesOf(const QObjectList& children)
+{
+    QStringList found;
+    for (const QObject* child : children) {
+        if (child->isWidgetType())
+            found.append(child->metaObject()->className());
+    }
+    return found;
+}
+
+/// The view of a device with all that a device can have, whose panes came first.
+class WholeScene : public ViewFixture
+{
+public:
+    WholeScene()
+    {
+        setManifest(makeManifest(DeviceWithAll, "Veltrano.Gaming.LeftHandedController.K13"));
+        view.init(cJsonValue(), canvas.get());
+        call("onPaneAndMaskEnterAnimation");
+        host.publishDeviceTransformEnd();
+    }
+};
+
+} // namespace
+
+void ViewSceneTest::stepsMakeTheirThingsInOrder()
+{
+    const WholeScene scene;
+    QStringList ofTheDevice;
+    for (const QGraphicsItem* item : scene.rootItem()->childItems())
+        ofTheDevice.append(classOf(*item));
+    QCOMPARE(ofTheDevice,
+        QStringList({"Gkey", "Gkey", "cTooltip", "QGraphicsPixmapItem", "cGraphicsItemGroup", "cGraphicsItem",
+            "cGraphicsItem", "cPulseGlowImage", "cProfileTrashcanGraphicsItem"}));
+    QStringList ofTheScene;
+    for (const QGraphicsItem* item : scene.scene->items(Qt::AscendingOrder)) {
+        if (!item->parentItem())
+            ofTheScene.append(classOf(*item));
+    }
+    QCOMPARE(ofTheScene,
+        QStringList({"cScalablePixmap", "cPanel", "cPanel", "QGraphicsRectItem", "cGraphicsText"}));
+
+    QStringList ofTheCanvas;
+    for (const QFrame* frame : scene.canvas->findChildren<QFrame*>(QString(), Qt::FindDirectChildrenOnly))
+        ofTheCanvas.append(QString("%1,%2").arg(frame->x()).arg(frame->y()));
+    // Commands, profiles, the search for profiles.
+    QCOMPARE(ofTheCanvas, QStringList({"38,157", "518,26", "349,69"}));
+    QCOMPARE(classesOf(scene.commandFrame()->children()),
+        QStringList({"QLabel", "cAnimatedPixmapWidget", "cClickableLabel", "cSearchBox", "cMacroList"}));
+}
+
+void ViewSceneTest::panesAndMaskLieUnderEverythingElse()
+{
+    const WholeScene scene;
+    for (const QGraphicsItem* item : scene.scene->items()) {
+        // What stands in another thing is that one's affair.
+        if (item->parentItem() && item->parentItem() != scene.rootItem())
+            continue;
+        const QString type = classOf(*item);
+        const qreal z = type == "cScalablePixmap" ? -80 : type == "cPanel" ? -60 : 0;
+        QVERIFY2(item->zValue() == z, qPrintable(QString("%1 at %2").arg(type).arg(item->zValue())));
+    }
 }
 
 void ViewSceneTest::hostSeesNoModesOfADeviceWithoutThem()
@@ -258,14 +322,10 @@ void ViewSceneTest::glowTakesTheTypeOfItsOwnNumber()
                      "</pulseGlow></pulseGlows>"));
     // Of all glows those light whose one type fits.
     const auto lit = [&fixture](const char* type) {
-        QStringList places;
         fixture.host.answer("getMacroTypeByID",
             [type](const RecordedCall&) { return QVariant::fromValue(makeMacroType({QString(type)})); });
         fixture.call("onStartGkeyPulsate", Q_ARG(cJsonValue, makeMacro("{1}", "Jump")));
-        for (const cPulseGlowImage* glow : fixture.items<cPulseGlowImage>()) {
-            if (glow->isVisible())
-                places.append(QString::number(glow->x()));
-        }
+        const QStringList places = fixture.litGlows();
         fixture.call("onStopGkeyPulsate");
         return places;
     };
@@ -336,76 +396,6 @@ void ViewSceneTest::framesAreShownAtTheEnd()
     fixture.host.publishDeviceTransformEnd();
     QVERIFY(wasHidden);
     QVERIFY(wasShown);
-}
-
-void ViewSceneTest::deinitTakesItAllAway()
-{
-    ViewFixture fixture;
-    fixture.putMacro("{P}", makeMacro("{1}", "Jump"));
-    fixture.assign("{P}", "G1", "{1}");
-    fixture.open(makeManifest(PlainDevice));
-    fixture.showProfile("{P}");
-    QVERIFY(fixture.label("G1"));
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QVERIFY(fixture.scene->items().isEmpty());
-    QVERIFY(!fixture.macroList());
-    QVERIFY(!fixture.syncButton());
-    QVERIFY(!fixture.canvas->findChild<cSearchBox*>());
-    // And nothing is heard any more.
-    fixture.host.clear();
-    fixture.host.publishProfileSelectionChanging("{Q}");
-    fixture.host.publishMStateChanged(MKey::M2, "pad");
-    fixture.host.publishProfilesToGoDeviceBusy("name", "");
-    fixture.host.publishMacroAssigned("{P}", "pad", "{1}", MKey::M1, "G1");
-    QCOMPARE(fixture.host.takeCalls(), QStringList());
-    // Once more, with nothing left.
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-}
-
-void ViewSceneTest::deinitKeepsItsOrder()
-{
-    ViewFixture fixture;
-    fixture.putMacro("{P}", makeMacro("{1}", "Jump"));
-    fixture.assign("{P}", "G1", "{1}");
-    fixture.assign("{P}", "G3", "{1}");
-    fixture.open(makeManifest(PlainDevice));
-    fixture.showProfile("{P}");
-    const auto noteEnd = [&fixture](QObject* object, const char* name) {
-        QObject::connect(object, &QObject::destroyed, [&fixture, name] { fixture.host.note(name); });
-    };
-    noteEnd(fixture.label("G1"), "label G1");
-    noteEnd(fixture.label("G3"), "label G3");
-    noteEnd(fixture.key("G1"), "key G1");
-    noteEnd(fixture.key("G2"), "key G2");
-    noteEnd(fixture.key("G3"), "key G3");
-    noteEnd(fixture.item<cGraphicsItemGroup>(), "modes");
-    noteEnd(fixture.macroList(), "list");
-    noteEnd(fixture.item<cTooltip>(), "tooltip of the root item");
-    noteEnd(fixture.commandFrame(), "command frame");
-    fixture.host.clear();
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    // A cleared key asks the host about no command.
-    const QString clearedKey =
-        "Profiler.ProfileMgr getMacroByID(QString \"{P}\", QString \"\") -> cJsonValue";
-    QCOMPARE(callsOf(fixture.host),
-        QStringList({"label G1", clearedKey, "label G3", clearedKey, "key G1", "key G2", "key G3", "modes",
-            "unsubscribe Profiler_Events", "unsubscribe ProfileMgr_Events", "list",
-            "tooltip of the root item",
-            // The list of profiles goes with its frame.
-            "unsubscribe ProfileMgr_Events", "command frame", "unsubscribe ProfileMgr_Events",
-            "unsubscribe Profiler_Events", "unsubscribe DevMgr_Events", "unsubscribe ProfilesToGo_Events",
-            "unsubscribe MainUI_Events", "unsubscribe MainApp_Events"}));
-}
-
-void ViewSceneTest::sceneIsBuiltAnewAfterDeinit()
-{
-    ViewFixture fixture;
-    fixture.open(makeManifest(PlainDevice));
-    const int items = fixture.scene->items().size();
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    fixture.open(makeManifest(PlainDevice));
-    QCOMPARE(fixture.scene->items().size(), items);
-    QCOMPARE(fixture.view.getControlIds().size(), 3);
 }
 
 void ViewSceneTest::secondEndBuildsASecondTime()
