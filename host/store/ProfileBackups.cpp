@@ -22,6 +22,9 @@ const QLatin1String ManifestName("backup.json");
 /// Of a backup that is being made.
 const QLatin1String UnfinishedName(".unfinished");
 const QString DocumentFilter = QStringLiteral("*.xml");
+/// Of the moment, in UTC, by which a backup is named.
+const QString StampFormat = QStringLiteral("yyyyMMdd-HHmmss");
+constexpr int StampLength = 15;
 constexpr int ManifestVersion = 1;
 /// Far more than any manifest has.
 constexpr qint64 MaxManifestSize = qint64(4) * 1024 * 1024;
@@ -123,7 +126,7 @@ QString ProfileBackups::make(Reason reason, const QString& note)
         QDir(unfinished).removeRecursively();
         return error;
     }
-    const QString stem = m_now().toUTC().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    const QString stem = m_now().toUTC().toString(StampFormat);
     QString name = stem;
     for (int i = 2; QFileInfo::exists(path(name)); ++i)
         name = QStringLiteral("%1-%2").arg(stem).arg(i);
@@ -198,7 +201,7 @@ ProfileBackups::Manifest ProfileBackups::readManifest(const QString& name) const
     Backup& backup = manifest.backup;
     backup.name = name;
     // What the folder tells, if the manifest does not.
-    backup.time = QDateTime::fromString(name.left(15), QStringLiteral("yyyyMMdd-HHmmss"));
+    backup.time = QDateTime::fromString(name.left(StampLength), StampFormat);
     backup.time.setTimeSpec(Qt::UTC);
     backup.count = QDir(path(name)).entryList({DocumentFilter}, QDir::Files | QDir::Hidden).size();
     QString error;
@@ -251,7 +254,7 @@ std::vector<ProfileBackups::Backup> ProfileBackups::list() const
         return name.section(QLatin1Char('-'), 2).toInt();
     };
     std::sort(backups.begin(), backups.end(), [&](const Backup& a, const Backup& b) {
-        if (a.name.left(15) != b.name.left(15))
+        if (a.name.left(StampLength) != b.name.left(StampLength))
             return a.name > b.name;
         return number(a.name) > number(b.name);
     });
@@ -261,8 +264,13 @@ std::vector<ProfileBackups::Backup> ProfileBackups::list() const
 bool ProfileBackups::isDailyDue() const
 {
     const QDate today = m_now().toLocalTime().date();
-    const std::vector<Backup> backups = list();
-    return std::none_of(backups.begin(), backups.end(), [&](const Backup& backup) {
+    // Each start asks this, and there may be many backups: those of earlier days are not opened.
+    const QString first = today.startOfDay().toUTC().toString(StampFormat);
+    const QStringList names = QDir(m_folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::none_of(names.begin(), names.end(), [&](const QString& name) {
+        if (!isName(name) || name < first)
+            return false;
+        const Backup backup = readManifest(name).backup;
         return backup.problem.isEmpty() && backup.reason == Reason::Daily
             && backup.time.toLocalTime().date() == today;
     });
