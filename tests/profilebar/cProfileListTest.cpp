@@ -1,5 +1,6 @@
 #include "Strip.h"
 
+#include <cCustomStyle.h>
 #include <cProfileItem.h>
 #include <FixedIds.h>
 #include <MetaMembers.h>
@@ -76,6 +77,7 @@ void cProfileListTest::subscribesForItsLife()
         QCOMPARE(list.verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
         QCOMPARE(list.horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
         QCOMPARE(list.property("uiType").toString(), QString("MacroOrProfileList"));
+        QVERIFY(qobject_cast<cCustomStyle*>(list.style()));
         QCOMPARE(list.horizontalScrollBar()->contextMenuPolicy(), Qt::NoContextMenu);
     }
     QCOMPARE(on.host.takeLog(), QStringList("unsubscribe ProfileMgr_Events"));

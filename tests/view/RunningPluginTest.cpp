@@ -75,7 +75,7 @@ private:
     /// All items of that class, which lives in the library.
     QList<QGraphicsItem*> items(const char* type) const;
     QListWidget* commandList() const;
-    int commandCount() const { return commandList()->count(); }
+    int commandCount() const;
     bool beginToOpen();
     bool open();
 
@@ -160,6 +160,12 @@ QListWidget* RunningPluginTest::commandList() const
             return list;
     }
     return nullptr;
+}
+
+int RunningPluginTest::commandCount() const
+{
+    const QListWidget* const list = commandList();
+    return list ? list->count() : -1;
 }
 
 bool RunningPluginTest::beginToOpen()
