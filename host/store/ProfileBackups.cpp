@@ -60,6 +60,13 @@ std::optional<QByteArray> readWhole(const QString& path, qint64 maxSize, QString
     return std::nullopt;
 }
 
+/// False for a file that was damaged since it was made of that content.
+bool holds(const QString& file, const QByteArray& content)
+{
+    QString error;
+    return readWhole(file, content.size(), error) == content;
+}
+
 /// Makes a second name for a file; false where the file system has none.
 bool share(const QString& file, const QString& name)
 {
@@ -155,7 +162,8 @@ QString ProfileBackups::fill(const QString& target, Reason reason, const QString
             return backupText("%1: %2").arg(name, error);
         const QString digest = digestOf(*content);
         const QString copy = target + QLatin1Char('/') + name;
-        const bool isShared = last.contains(digest) && share(last[digest], copy);
+        const bool isShared =
+            last.contains(digest) && holds(last[digest], *content) && share(last[digest], copy);
         if (!isShared && !WholeFile::write(copy, *content, &error))
             return backupText("%1: %2").arg(name, error);
         cJsonValue document;
@@ -182,14 +190,8 @@ QHash<QString, QString> ProfileBackups::lastDocuments() const
     for (const Backup& backup : list()) {
         if (!backup.problem.isEmpty())
             continue;
-        for (const Document& document : readManifest(backup.name).documents) {
-            const QString file = path(backup.name) + QLatin1Char('/') + document.name;
-            // A file that was damaged since must not be handed on.
-            QString error;
-            const std::optional<QByteArray> content = readWhole(file, ProfileDocument::MaxSize, error);
-            if (content && digestOf(*content) == document.digest)
-                paths[document.digest] = file;
-        }
+        for (const Document& document : readManifest(backup.name).documents)
+            paths[document.digest] = path(backup.name) + QLatin1Char('/') + document.name;
         break;
     }
     return paths;
