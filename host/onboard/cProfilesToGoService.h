@@ -133,9 +133,8 @@ private:
         bool commitAgain = false;
         /// True if the device was plugged in or pulled out during the present activity.
         bool wasReplaced = false;
-        /// What the present activity is to remove, file names, and whether that is all of it.
+        /// File names of what the last write was to remove.
         QStringList toRemove;
-        bool removesOnly = false;
         /// File names of deleted profiles that could not be removed. They are not tried again by themselves,
         /// but when the user deletes them once more, writes to the device, or plugs it in.
         QSet<QString> unremovable;
@@ -160,7 +159,7 @@ private:
     void takeContents(Device& device, const DeviceMemory::Contents& contents);
     Stored examined(const Device& device, const DeviceMemory::Document& document) const;
     void adoptUnknown(Device& device);
-    static QString failureText(const Device& device, Activity activity, const QString& error);
+    void tellFailures(const Device& device, Activity activity, const DeviceMemory::Contents& contents);
     /// Takes down what a write left that it was to remove.
     static void noteUnremovable(Device& device);
     void forgetRemoved(Device& device);

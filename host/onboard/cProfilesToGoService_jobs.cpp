@@ -21,7 +21,6 @@ void cProfilesToGoService::startWriting(Device& device, const DeviceMemory::Chan
 {
     const DeviceMemory memory = device.memory;
     device.toRemove = changes.removed;
-    device.removesOnly = changes.written.isEmpty() && !changes.removed.isEmpty();
     startJob(device, Activity::Writing, [this, memory, changes] { return memory.write(changes, m_hurry); });
 }
 
@@ -43,8 +42,7 @@ void cProfilesToGoService::onJobFinished()
     const Activity ended = std::exchange(device.activity, Activity::None);
     const DeviceMemory::Contents contents = device.watcher.result();
     const bool isFailed = !contents.error.isEmpty();
-    if (isFailed)
-        Q_EMIT problem(failureText(device, ended, contents.error));
+    tellFailures(device, ended, contents);
     device.isConnected = device.memory.isThere();
     takeContents(device, device.isConnected ? contents : DeviceMemory::Contents());
     if (ended == Activity::Writing)
@@ -68,19 +66,22 @@ void cProfilesToGoService::onJobFinished()
         commit(device, true);
 }
 
-QString cProfilesToGoService::failureText(const Device& device, Activity activity, const QString& error)
+void cProfilesToGoService::tellFailures(
+    const Device& device, Activity activity, const DeviceMemory::Contents& contents)
 {
-    if (activity == Activity::Reading)
-        return tr("The profiles in %1 could not be read: %2.").arg(device.name, error);
-    if (device.removesOnly) {
-        return tr(
-            "What was deleted could not be removed from %1: %2. Write to the device or connect it again "
-            "to try once more.")
-            .arg(device.name, error);
+    if (!contents.removalError.isEmpty()) {
+        Q_EMIT problem(tr(
+            "What was deleted could not be removed from %1: %2. Write to the device or connect it again to "
+            "try once more.")
+                           .arg(device.name, contents.removalError));
     }
-    return tr("The profiles could not be written to %1: %2. They are kept on this computer; write them again "
-              "later.")
-        .arg(device.name, error);
+    if (contents.error.isEmpty())
+        return;
+    Q_EMIT problem(activity == Activity::Writing
+            ? tr("The profiles could not be written to %1: %2. They are kept on this computer; write them "
+                 "again later.")
+                  .arg(device.name, contents.error)
+            : tr("The profiles in %1 could not be read: %2.").arg(device.name, contents.error));
 }
 
 void cProfilesToGoService::noteUnremovable(Device& device)

@@ -209,9 +209,8 @@ private:
     {
         const QXmlStreamAttributes attributes = m_xml.attributes();
         for (const QXmlStreamAttribute& each : attributes) {
-            const QString name = each.qualifiedName().toString();
-            if (!isOneOf(name, known))
-                part()[ExtensionAttributes][name] = each.value().toString();
+            if (!isOneOf(each.qualifiedName(), known))
+                part()[ExtensionAttributes][each.qualifiedName().toString()] = each.value().toString();
         }
     }
 

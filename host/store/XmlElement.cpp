@@ -11,6 +11,7 @@ std::optional<XmlElement> XmlElement::fromDom(const QDomElement& element)
     XmlElement result;
     result.name = element.tagName();
     const QDomNamedNodeMap nodes = element.attributes();
+    result.attributes.reserve(std::size_t(nodes.count()));
     for (int i = 0; i < nodes.count(); ++i) {
         const QDomAttr attribute = nodes.item(i).toAttr();
         result.attributes.push_back({attribute.name(), attribute.value()});

@@ -108,11 +108,24 @@ void DeviceMemoryTest::documentThatCantBeRemovedIsToldAndHoldsUpNoOther()
     DeviceFolder::write(path("b.xml"), "x");
     DeviceMemory::Changes changes;
     changes.removed = QStringList({"a.xml", "b.xml"});
-    changes.written["c.xml"] = "needs the room";
-    const DeviceMemory::Contents contents = memory().write(changes, m_noHurry);
-    QVERIFY(!contents.error.isEmpty());
+    changes.written["c.xml"] = "has room";
+    DeviceMemory::Contents contents = memory().write(changes, m_noHurry);
+    QVERIFY(!contents.removalError.isEmpty());
+    QCOMPARE(contents.error, QString());
     QVERIFY(!QFile::exists(path("b.xml")));
-    QVERIFY(!QFile::exists(path("c.xml")));
+    QCOMPARE(content("c.xml"), QByteArray("has room"));
+
+    DeviceFolder::write(path("d.xml"), QByteArray(Capacity + 10, 'x'));
+    changes.written["c.xml"] = "has no room any more";
+    contents = memory().write(changes, m_noHurry);
+    QCOMPARE(contents.error, QString("what can't be removed takes the room"));
+    QCOMPARE(content("c.xml"), QByteArray("has room"));
+
+    // Nothing wants the room.
+    changes.written.clear();
+    contents = memory().write(changes, m_noHurry);
+    QVERIFY(!contents.removalError.isEmpty());
+    QCOMPARE(contents.error, QString());
 }
 
 void DeviceMemoryTest::documentThatIsNotWrittenWholeReplacesNothing_data()

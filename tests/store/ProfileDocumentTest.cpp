@@ -1,6 +1,7 @@
 #include "RandomProfiles.h"
 
 #include <IElementReader.h>
+#include <PlainMacroType.h>
 #include <ProfileDocument.h>
 #include <TestCase.h>
 #include <XmlElement.h>
@@ -25,11 +26,9 @@ QByteArray wrapped(const QByteArray& content)
 }
 
 /// A type whose data is one number in an attribute.
-class NumberType : public IMacroType
+class NumberType : public PlainMacroType
 {
 public:
-    cJsonValue info() override { return {}; }
-    IMacroEditor* editor(cJsonValue) override { return nullptr; }
     cJsonValue XmlToJson(QDomElement element) override
     {
         cJsonValue data;
@@ -44,11 +43,6 @@ public:
         element.setAttribute(QStringLiteral("also"), 1);
         return element;
     }
-    cPlayStatePtr createPlayState(cJsonValue) override { return {}; }
-    bool isRepeatable() override { return true; }
-    bool isPrivate() override { return false; }
-    bool isFixedName() override { return false; }
-    int getPriority() override { return 0; }
 };
 
 /// The same, read without a DOM.
