@@ -236,7 +236,7 @@ int main(int argc, char** argv)
     application.setStyleSheet(QString::fromUtf8(styleSheet.readAll()));
 
     Host host;
-    QStringList counts = application.arguments().mid(1);
+    QStringList counts = QCoreApplication::arguments().mid(1);
     if (counts.isEmpty())
         counts = QStringList({"1000", "2000", "4000", "10000"});
     const bool good = std::all_of(

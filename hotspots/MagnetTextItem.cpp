@@ -11,7 +11,6 @@
 #include <QColor>
 #include <QCursor>
 #include <QFontMetrics>
-#include <QGraphicsScene>
 #include <QMargins>
 #include <QPainter>
 
@@ -24,8 +23,6 @@ namespace {
 
 /// The size of the picture on which a wrapped text is tried out.
 constexpr QSize ScratchSize(8, 8);
-/// How far the ink of a connect line reaches around its ends.
-constexpr qreal LineReach = 1.0;
 
 /// The nine pictures of one look. Those that are missing stay null and draw nothing.
 NineSlice loadBalloon(const char* look)
@@ -73,7 +70,6 @@ MagnetTextItem::MagnetTextItem(const QString& contextID, bool isStatic, QGraphic
 
 MagnetTextItem::~MagnetTextItem()
 {
-    redrawConnectLine();
     if (--s_instances == 0)
         s_font.reset();
 }
@@ -93,16 +89,7 @@ void MagnetTextItem::setConnectLine(const QPointF& start, const QPointF& end)
     m_hasConnectLine = true;
     m_lineStart = start;
     m_lineEnd = end;
-    redrawConnectLine();
-}
-
-void MagnetTextItem::redrawConnectLine()
-{
-    if (!m_hasConnectLine || !scene())
-        return;
-    // The bounds, by which a scene knows what to redraw, do not count the line in.
-    const QRectF line = QRectF(m_lineStart, m_lineEnd).normalized();
-    scene()->update(mapRectToScene(line.adjusted(-LineReach, -LineReach, LineReach, LineReach)));
+    update();
 }
 
 void MagnetTextItem::setCenter(qreal x, qreal y)
@@ -111,9 +98,7 @@ void MagnetTextItem::setCenter(qreal x, qreal y)
     // Whole halves, so that a label that is centred on whole pixels stands on whole pixels.
     const int halfWidth = m_width / 2;
     const int halfHeight = m_height / 2;
-    redrawConnectLine();
     setPos(x - halfWidth, y - halfHeight);
-    redrawConnectLine();
 }
 
 void MagnetTextItem::setMacroID(const QString& macroID)

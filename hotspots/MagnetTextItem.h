@@ -61,8 +61,6 @@ public Q_SLOTS:
 private:
     void loadBalloons();
     void layoutText(bool collapsed);
-    /// The line's place is drawn anew, whether the line has come, gone or moved.
-    void redrawConnectLine();
     const NineSlice& balloon() const;
 
     /// All labels share one font, made with the first of them and gone with the last.

@@ -138,8 +138,8 @@ void cProfileBar::createArrows()
         createArrow("Resources/images/pointer_left_large.png", LeftArrowPos, SLOT(onScrollLeftClicked()));
     m_rightArrow =
         createArrow("Resources/images/pointer_right_large.png", RightArrowPos, SLOT(onScrollRightClicked()));
-    const auto createFade = [](cGraphicsButton* arrow) {
-        auto* const fade = new QPropertyAnimation(arrow, "opacity");
+    const auto createFade = [this](cGraphicsButton* arrow) {
+        auto* const fade = new QPropertyAnimation(arrow, "opacity", this);
         fade->setDuration(ArrowFadeTime);
         fade->setEasingCurve(QEasingCurve::OutCubic);
         return fade;
@@ -186,7 +186,7 @@ void cProfileBar::connectList()
 
 void cProfileBar::createScrollAnimation()
 {
-    m_scrollAnimation = new QPropertyAnimation(m_list->horizontalScrollBar(), "value");
+    m_scrollAnimation = new QPropertyAnimation(m_list->horizontalScrollBar(), "value", this);
     m_scrollAnimation->setDuration(ScrollTime);
     m_scrollAnimation->setEasingCurve(QEasingCurve::OutQuad);
 }

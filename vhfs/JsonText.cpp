@@ -52,7 +52,7 @@ public:
             open.isFirst = false;
             breakLine();
             if (open.element != open.content->elements.end()) {
-                begin(*open.element++);
+                begin(**open.element++);
             } else {
                 const auto& [key, member] = *open.member++;
                 m_text += scalarText(key) + (m_indented ? ": " : ":");
@@ -78,8 +78,8 @@ private:
         bool isArray() const { return content->type() == cJsonValue::arrayValue; }
 
         const cJsonContent* content;
-        std::deque<cJsonValue>::const_iterator element;
-        std::map<QString, cJsonValue>::const_iterator member;
+        decltype(cJsonContent::elements)::const_iterator element;
+        decltype(cJsonContent::members)::const_iterator member;
         bool isFirst = true;
     };
 

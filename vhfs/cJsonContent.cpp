@@ -61,7 +61,7 @@ void cJsonContent::giveDuplicateTo(const cJsonValue* sharer)
 
 cJsonValue& cJsonContent::appendChild(const cJsonValue& value)
 {
-    cJsonValue& child = elements.emplace_back(value);
+    cJsonValue& child = *elements.emplace_back(std::make_unique<cJsonValue>(value));
     child.m_container = this;
     return child;
 }
@@ -76,8 +76,8 @@ cJsonValue& cJsonContent::child(const QString& key)
 cJsonContent* cJsonContent::duplicate() const
 {
     auto* copy = new cJsonContent(m_type);
-    for (const cJsonValue& element : elements)
-        copy->appendChild(element);
+    for (const auto& element : elements)
+        copy->appendChild(*element);
     for (const auto& [key, value] : members)
         copy->members.emplace_hint(copy->members.end(), key, value)->second.m_container = copy;
     return copy;

@@ -2,8 +2,9 @@
 
 #include "cJsonValue.h"
 
-#include <deque>
 #include <map>
+#include <memory>
+#include <vector>
 
 /// The elements of an array or the members of an object, shared by all values that are copies of each other.
 ///
@@ -42,8 +43,9 @@ public:
     /// The member with that key, made if it is missing.
     cJsonValue& child(const QString& key);
 
-    // Elements of an array, which stay in place while others are added.
-    std::deque<cJsonValue> elements;
+    // Elements of an array, each in a place of its own, where it stays while others are added. Objects, of
+    // which there are many, pay nothing for having none.
+    std::vector<std::unique_ptr<cJsonValue>> elements;
     // Members of an object in the order of their keys.
     std::map<QString, cJsonValue> members;
 

@@ -1,6 +1,7 @@
 #include "cJsonValue.h"
 
 #include "cJsonContent.h"
+#include "JsonKeys.h"
 
 #include <QLocale>
 #include <QVarLengthArray>
@@ -95,7 +96,7 @@ cJsonValue& cJsonValue::operator=(const cJsonValue& other)
 
 cJsonValue& cJsonValue::operator[](const char* key)
 {
-    return member(QString::fromUtf8(key));
+    return member(JsonKeys::text(key));
 }
 
 cJsonValue& cJsonValue::operator[](const QString& key)
@@ -107,7 +108,7 @@ cJsonValue& cJsonValue::operator[](int index)
 {
     if (!isArray() || index < 0 || unsigned(index) >= size())
         return nowhere();
-    return leadContent()->elements[std::size_t(index)];
+    return *leadContent()->elements[std::size_t(index)];
 }
 
 const cJsonValue& cJsonValue::operator[](const char* key) const
@@ -115,7 +116,7 @@ const cJsonValue& cJsonValue::operator[](const char* key) const
     if (!isObject())
         return null();
     const auto& members = readableContent()->members;
-    const auto found = members.find(QString::fromUtf8(key));
+    const auto found = members.find(JsonKeys::text(key));
     return found == members.end() ? null() : found->second;
 }
 
@@ -123,7 +124,7 @@ const cJsonValue& cJsonValue::operator[](int index) const
 {
     if (!isArray() || index < 0 || unsigned(index) >= size())
         return null();
-    return readableContent()->elements[std::size_t(index)];
+    return *readableContent()->elements[std::size_t(index)];
 }
 
 cJsonValue& cJsonValue::append(const cJsonValue& element)
@@ -152,7 +153,7 @@ void cJsonValue::clear()
 
 bool cJsonValue::contains(const char* key) const
 {
-    return isObject() && m_content->members.count(QString::fromUtf8(key)) > 0;
+    return isObject() && m_content->members.count(JsonKeys::text(key)) > 0;
 }
 
 unsigned cJsonValue::size() const
@@ -259,7 +260,7 @@ bool operator==(const cJsonValue& a, const cJsonValue& b)
             || x->members.size() != y->members.size())
             return false;
         for (std::size_t i = 0; i < x->elements.size(); ++i)
-            pairs.append({&x->elements[i], &y->elements[i]});
+            pairs.append({x->elements[i].get(), y->elements[i].get()});
         for (auto i = x->members.begin(), j = y->members.begin(); i != x->members.end(); ++i, ++j) {
             if (i->first != j->first)
                 return false;

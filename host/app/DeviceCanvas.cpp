@@ -27,6 +27,8 @@ DeviceCanvas::DeviceCanvas(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     setCacheMode(QGraphicsView::CacheBackground);
+    // Items of feature views may draw beyond their bounds, and an update of a part would cut them there.
+    setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
     setAccessibleName(tr("Device"));
 
     m_picture = scene->addPixmap(QPixmap());

@@ -45,7 +45,6 @@ int main(int argc, char** argv)
     HostApplication host(ApplicationPaths::ofExecutable(), commandLine);
     host.start();
     // Nobody may be there to be asked; profiles and settings are saved by the end itself.
-    // way.
     const EndSignals endSignals;
     QObject::connect(&endSignals, SIGNAL(endAsked()), &application, SLOT(quit()));
     return QApplication::exec();

@@ -38,6 +38,11 @@ bool WholeFile::write(const QString& path, const QByteArray& content, QString* e
         *error = file.errorString();
         return false;
     }
+    return commit(file, error);
+}
+
+bool WholeFile::commit(QSaveFile& file, QString* error)
+{
     if (!reachesTheDisk(file, error))
         return false;
     if (file.commit())

@@ -36,28 +36,27 @@ bool holds(const cJsonValue& record, const RecordFields& fields)
     });
 }
 
-bool read(const QDomElement& element, const RecordFields& fields, cJsonValue& record)
+bool read(const XmlElement& element, const RecordFields& fields, cJsonValue& record)
 {
-    int known = 0;
+    std::size_t known = 0;
     for (const RecordField& field : fields) {
-        const QLatin1String name(field.name);
-        if (!element.hasAttribute(name)) {
+        const QString* text = element.attribute(QLatin1String(field.name));
+        if (!text) {
             if (field.isRequired)
                 return false;
             continue;
         }
         ++known;
-        const QString text = element.attribute(name);
         if (field.kind == RecordField::Kind::Text) {
-            record[field.name] = text;
+            record[field.name] = *text;
             continue;
         }
-        const int number = text.toInt();
-        if (QString::number(number) != text)
+        const int number = text->toInt();
+        if (QString::number(number) != *text)
             return false;
         record[field.name] = number;
     }
-    return element.attributes().count() == known;
+    return element.attributes.size() == known;
 }
 
 bool write(const cJsonValue& record, const RecordFields& fields, QDomElement& element)
@@ -76,20 +75,6 @@ bool write(const cJsonValue& record, const RecordFields& fields, QDomElement& el
         element.setAttribute(QLatin1String(field.name), text);
     }
     return HVS::jsonKeys(record).size() == known;
-}
-
-bool isEmpty(const QDomElement& element)
-{
-    return element.firstChildElement().isNull() && hasElementsOnly(element);
-}
-
-bool hasElementsOnly(const QDomElement& element)
-{
-    for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
-        if (!child.isElement() && !(child.isText() && child.nodeValue().trimmed().isEmpty()))
-            return false;
-    }
-    return true;
 }
 
 } // namespace RecordXml

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cJsonValue.h>
+#include <XmlElement.h>
 
 #include <QDomElement>
 #include <QLatin1String>
@@ -37,15 +38,9 @@ bool holds(const cJsonValue& record, const RecordFields& fields);
 
 /// Adds the element's attributes to the record; false if the record would lack some of the element or a
 /// required field. Children are not looked at.
-bool read(const QDomElement& element, const RecordFields& fields, cJsonValue& record);
+bool read(const XmlElement& element, const RecordFields& fields, cJsonValue& record);
 
 /// Adds the record to the element as attributes; false if the element would lack some of the record.
 bool write(const cJsonValue& record, const RecordFields& fields, QDomElement& element);
-
-/// True if there is nothing but white space between the element's tags.
-bool isEmpty(const QDomElement& element);
-
-/// True if there are only elements between the element's tags.
-bool hasElementsOnly(const QDomElement& element);
 
 } // namespace RecordXml

@@ -32,7 +32,7 @@ cLaunchEditor::cLaunchEditor(const cJsonValue& macro)
 QLineEdit* cLaunchEditor::makeField(const QString& accessibleName, const QString& vacantText)
 {
     QLineEdit* const field = makeLineEdit(accessibleName, vacantText);
-    connect(field, SIGNAL(textChanged(QString)), this, SLOT(onTextChanged()));
+    connect(field, SIGNAL(textChanged(QString)), this, SLOT(formChanged()));
     return field;
 }
 
@@ -98,11 +98,6 @@ cMacroForm::Objection cLaunchEditor::check()
     if (!launch.folder.isEmpty() && !QFileInfo(launch.folder).isDir())
         return {tr("There is no folder \"%1\".").arg(launch.folder), m_folder};
     return {};
-}
-
-void cLaunchEditor::onTextChanged()
-{
-    formChanged();
 }
 
 void cLaunchEditor::onBrowsePath()

@@ -24,7 +24,6 @@ protected:
     Objection check() override;
 
 private Q_SLOTS:
-    void onTextChanged();
     void onBrowsePath();
     void onBrowseFolder();
 

@@ -1,7 +1,6 @@
 #include "cLaunchType.h"
 
 #include "cLaunchEditor.h"
-#include "MacroRun.h"
 #include "MacroTypeIds.h"
 
 #include <utility>
@@ -56,8 +55,5 @@ cJsonValue cLaunchType::toData(const LaunchInput& launch)
 
 cPlayStatePtr cLaunchType::run(const cJsonValue& data)
 {
-    const auto launch = fromData(data);
-    if (!launch)
-        return {};
-    return cPlayStatePtr(new MacroRun(sink(), std::vector<InputEvent> {*launch}, MacroRun::Until::StepsDone));
+    return runOnce(fromData(data));
 }

@@ -55,8 +55,6 @@ protected:
     const cJsonValue& original() const { return m_original; }
     /// Fills the form with a command record; null leaves it empty. Called at the end of the constructor.
     void fill(const cJsonValue& macro);
-    /// Called after each change by the user.
-    void formChanged();
     /// Shows a message under the form; one with a field moves the focus there and marks it.
     void say(const QString& text, QWidget* field = nullptr);
     /// Where a subclass puts its form; the message stands below.
@@ -81,6 +79,10 @@ protected:
     virtual Objection check() = 0;
     /// Ends what runs on its own in the form, such as a recording.
     virtual void stop() { }
+
+protected Q_SLOTS:
+    /// After each change by the user.
+    void formChanged();
 
 private Q_SLOTS:
     void onLineEditChanged(const QString& text);

@@ -1,5 +1,6 @@
 #include "cMacroType.h"
 
+#include "MacroRun.h"
 #include "MacroTypeIds.h"
 
 #include <utility>
@@ -26,10 +27,14 @@ cJsonValue cMacroType::info()
 
 cJsonValue cMacroType::XmlToJson(QDomElement macroDataDomElement)
 {
+    const auto element = XmlElement::fromDom(macroDataDomElement);
+    return element ? read(*element) : cJsonValue();
+}
+
+cJsonValue cMacroType::read(const XmlElement& element) const
+{
     cJsonValue data;
-    if (macroDataDomElement.tagName() != m_traits.tag || !readElement(macroDataDomElement, data))
-        return {};
-    return data;
+    return element.name == m_traits.tag && readElement(element, data) ? data : cJsonValue();
 }
 
 QDomElement cMacroType::JsonToXml(QDomDocument doc, cJsonValue macro)
@@ -53,9 +58,16 @@ QStringList cMacroType::anyControl()
         ControlTypes::StickPress};
 }
 
-bool cMacroType::readElement(const QDomElement& element, cJsonValue& data) const
+cPlayStatePtr cMacroType::runOnce(const std::optional<InputEvent>& event) const
 {
-    return RecordXml::isEmpty(element) && RecordXml::read(element, m_traits.fields, data);
+    if (!event)
+        return {};
+    return cPlayStatePtr(new MacroRun(m_sink, std::vector<InputEvent> {*event}, MacroRun::Until::StepsDone));
+}
+
+bool cMacroType::readElement(const XmlElement& element, cJsonValue& data) const
+{
+    return element.isEmpty() && RecordXml::read(element, m_traits.fields, data);
 }
 
 bool cMacroType::writeElement(const cJsonValue& data, QDomElement& element) const

@@ -3,11 +3,14 @@
 #include "IInputSink.h"
 #include "RecordXml.h"
 
+#include <IElementReader.h>
 #include <IMacroType.h>
 
 #include <QLatin1String>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 /// What tells one command type from the others.
 class MacroTypeTraits
@@ -34,7 +37,7 @@ public:
 /// XML: each type has one element. A type accepts an element only if it understands all of it, and writes an
 /// element only if that says all of the `data`; otherwise the answer is null, and the store keeps what it has
 /// in the form in which it came.
-class cMacroType : public IMacroType
+class cMacroType : public IMacroType, public IElementReader
 {
     Q_OBJECT
 
@@ -43,6 +46,7 @@ public:
 
     cJsonValue info() override;
     cJsonValue XmlToJson(QDomElement macroDataDomElement) override;
+    cJsonValue read(const XmlElement& element) const override;
     QDomElement JsonToXml(QDomDocument doc, cJsonValue macro) override;
     cPlayStatePtr createPlayState(cJsonValue macro) override;
     bool isRepeatable() override { return m_traits.isRepeatable; }
@@ -56,11 +60,14 @@ public:
 protected:
     /// Fills `data` from the type's element, here from its attributes; false if that would leave something
     /// out.
-    virtual bool readElement(const QDomElement& element, cJsonValue& data) const;
+    virtual bool readElement(const XmlElement& element, cJsonValue& data) const;
     /// The opposite; the element is empty.
     virtual bool writeElement(const cJsonValue& data, QDomElement& element) const;
     /// A run of a command with that data, or null if the data is not of this type or can't be carried out.
     virtual cPlayStatePtr run(const cJsonValue& data) = 0;
+
+    /// A run that sends this and is over; null for nothing.
+    cPlayStatePtr runOnce(const std::optional<InputEvent>& event) const;
 
     const MacroTypeTraits& traits() const { return m_traits; }
     const InputSinkPtr& sink() const { return m_sink; }

@@ -94,19 +94,20 @@ cJsonValue cMultiKeyType::toData(const std::vector<KeyStep>& steps)
     return data;
 }
 
-bool cMultiKeyType::readElement(const QDomElement& element, cJsonValue& data) const
+bool cMultiKeyType::readElement(const XmlElement& element, cJsonValue& data) const
 {
-    if (element.attributes().count() > 0 || !RecordXml::hasElementsOnly(element))
+    if (!element.attributes.empty() || !element.hasElementsOnly())
         return false;
     data[Events] = cJsonValue(cJsonValue::arrayValue);
-    for (QDomElement child = element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
+    cJsonValue& events = data[Events];
+    for (const XmlElement& child : element.children) {
+        if (child.isText())
+            continue;
         cJsonValue event;
-        event[Type] = child.tagName();
-        if (!isEventType(child.tagName()) || !RecordXml::isEmpty(child)
-            || !RecordXml::read(child, EventFields, event))
+        event[Type] = child.name;
+        if (!isEventType(child.name) || !child.isEmpty() || !RecordXml::read(child, EventFields, event))
             return false;
-        data[Events].append(event);
+        events.append(event);
     }
     return true;
 }

@@ -40,7 +40,7 @@ public:
     static cJsonValue toData(const std::vector<KeyStep>& steps);
 
 protected:
-    bool readElement(const QDomElement& element, cJsonValue& data) const override;
+    bool readElement(const XmlElement& element, cJsonValue& data) const override;
     bool writeElement(const cJsonValue& data, QDomElement& element) const override;
     cPlayStatePtr run(const cJsonValue& data) override;
 };

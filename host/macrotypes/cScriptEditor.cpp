@@ -23,7 +23,7 @@ cScriptEditor::cScriptEditor(const cJsonValue& macro)
         makeHint(tr("Calls a function of the profile's script. The function gets the argument as a text.")));
     formLayout()->addStretch();
     for (QLineEdit* field : {m_function, m_argument})
-        connect(field, SIGNAL(textChanged(QString)), this, SLOT(onTextChanged()));
+        connect(field, SIGNAL(textChanged(QString)), this, SLOT(formChanged()));
     setFocusProxy(m_function);
     fill(macro);
 }
@@ -73,11 +73,6 @@ cMacroForm::Objection cScriptEditor::check()
             m_function};
     }
     return {};
-}
-
-void cScriptEditor::onTextChanged()
-{
-    formChanged();
 }
 
 QString cScriptEditor::function() const

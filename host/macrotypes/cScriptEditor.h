@@ -21,9 +21,6 @@ protected:
     bool isFilled() const override;
     Objection check() override;
 
-private Q_SLOTS:
-    void onTextChanged();
-
 private:
     QString function() const;
 

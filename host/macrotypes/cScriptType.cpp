@@ -1,7 +1,6 @@
 #include "cScriptType.h"
 
 #include "cScriptEditor.h"
-#include "MacroRun.h"
 #include "MacroTypeIds.h"
 
 #include <QRegularExpression>
@@ -61,8 +60,5 @@ bool cScriptType::isFunctionName(const QString& name)
 
 cPlayStatePtr cScriptType::run(const cJsonValue& data)
 {
-    const auto call = fromData(data);
-    if (!call)
-        return {};
-    return cPlayStatePtr(new MacroRun(sink(), std::vector<InputEvent> {*call}, MacroRun::Until::StepsDone));
+    return runOnce(fromData(data));
 }

@@ -52,7 +52,7 @@ IMacroEditor* cStickType::editor(cJsonValue macroData)
     return new cStickEditor(traits().uid, traits().displayName, macroData);
 }
 
-bool cStickType::readElement(const QDomElement&, cJsonValue&) const
+bool cStickType::readElement(const XmlElement&, cJsonValue&) const
 {
     return false;
 }

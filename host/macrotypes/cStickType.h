@@ -15,7 +15,7 @@ public:
 
 protected:
     /// Nothing says what data would mean, so it stays as it is.
-    bool readElement(const QDomElement& element, cJsonValue& data) const override;
+    bool readElement(const XmlElement& element, cJsonValue& data) const override;
     bool writeElement(const cJsonValue& data, QDomElement& element) const override;
     cPlayStatePtr run(const cJsonValue& data) override;
 

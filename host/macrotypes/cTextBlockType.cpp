@@ -1,7 +1,6 @@
 #include "cTextBlockType.h"
 
 #include "cTextBlockEditor.h"
-#include "MacroRun.h"
 #include "MacroTypeIds.h"
 
 #include <JsonText.h>
@@ -50,18 +49,19 @@ cJsonValue cTextBlockType::toData(const QString& text)
     return data;
 }
 
-bool cTextBlockType::readElement(const QDomElement& element, cJsonValue& data) const
+bool cTextBlockType::readElement(const XmlElement& element, cJsonValue& data) const
 {
     QStringList lines;
-    for (QDomElement child = element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
+    for (const XmlElement& child : element.children) {
+        if (child.isText())
+            continue;
         cJsonValue line;
-        if (child.tagName() != Line || !RecordXml::isEmpty(child) || !RecordXml::read(child, TextField, line))
+        if (child.name != Line || !child.isEmpty() || !RecordXml::read(child, TextField, line))
             return false;
         lines.append(qAsConst(line)[Text].toString());
     }
     data = toData(lines.join(QLatin1Char('\n')));
-    return !lines.isEmpty() && element.attributes().count() == 0 && RecordXml::hasElementsOnly(element);
+    return !lines.isEmpty() && element.attributes.empty() && element.hasElementsOnly();
 }
 
 bool cTextBlockType::writeElement(const cJsonValue& data, QDomElement& element) const
@@ -81,8 +81,5 @@ bool cTextBlockType::writeElement(const cJsonValue& data, QDomElement& element) 
 cPlayStatePtr cTextBlockType::run(const cJsonValue& data)
 {
     const auto text = fromData(data);
-    if (!text)
-        return {};
-    return cPlayStatePtr(
-        new MacroRun(sink(), std::vector<InputEvent> {TextInput {*text}}, MacroRun::Until::StepsDone));
+    return text ? runOnce(TextInput {*text}) : cPlayStatePtr();
 }

@@ -1,5 +1,7 @@
 #include "DeviceMemory.h"
 
+#include <WholeFile.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -69,14 +71,14 @@ DeviceMemory::Contents DeviceMemory::read(const std::atomic_bool& hurry) const
                     break;
                 document.bytes += page;
                 if (!pass(page.size(), hurry))
-                    return {{}, goneText()};
+                    return {{}, goneText(), {}};
             }
             document.size = document.bytes.size();
         }
         contents.documents.append(document);
     }
     if (!isThere())
-        return {{}, goneText()};
+        return {{}, goneText(), {}};
     if (!QFileInfo(m_folder).isReadable())
         contents.error = text("its memory can't be opened");
     return contents;
@@ -86,21 +88,38 @@ DeviceMemory::Contents DeviceMemory::write(const Changes& changes, const std::at
 {
     const QDir folder(m_folder);
     QString error;
+    QString removalError;
     const QStringList leftovers = folder.entryList({LeftoverPattern}, QDir::Files);
     for (const QString& leftover : leftovers)
         QFile::remove(folder.filePath(leftover));
     for (const QString& fileName : changes.removed) {
         QFile file(folder.filePath(fileName));
-        if (error.isEmpty() && file.exists() && !file.remove())
-            error = file.errorString();
+        if (file.exists() && !file.remove() && removalError.isEmpty())
+            removalError = file.errorString();
     }
+    if (!removalError.isEmpty() && !hasRoom(changes))
+        error = text("what can't be removed takes the room");
     for (auto each = changes.written.begin(); each != changes.written.end() && error.isEmpty(); ++each)
         error = writeOne(each.key(), each.value(), hurry);
     // What was written moments ago is known; reading it takes no time again.
     Contents contents = read(std::atomic_bool(true));
     if (!error.isEmpty())
         contents.error = error;
+    contents.removalError = removalError;
     return contents;
+}
+
+bool DeviceMemory::hasRoom(const Changes& changes) const
+{
+    qint64 size = 0;
+    const QFileInfoList files = QDir(m_folder).entryInfoList({DocumentPattern}, QDir::Files);
+    for (const QFileInfo& file : files) {
+        if (!changes.written.contains(file.fileName()))
+            size += file.size();
+    }
+    for (const QByteArray& document : changes.written)
+        size += document.size();
+    return changes.written.isEmpty() || size <= m_capacity;
 }
 
 QString DeviceMemory::writeOne(
@@ -118,7 +137,8 @@ QString DeviceMemory::writeOne(
         if (!pass(count, hurry))
             return goneText();
     }
-    if (file.commit())
+    QString error;
+    if (WholeFile::commit(file, &error))
         return QString();
-    return isThere() ? file.errorString() : goneText();
+    return isThere() ? error : goneText();
 }

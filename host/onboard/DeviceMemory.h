@@ -29,6 +29,8 @@ public:
         QList<Document> documents;
         /// Why the memory could not be read or written, for people; empty if it could.
         QString error;
+        /// The same of what was to be removed.
+        QString removalError;
     };
 
     struct Changes
@@ -52,12 +54,15 @@ public:
     /// What the memory holds now, in the order of the file names. Once `hurry` is true it takes no more time
     /// than it must.
     Contents read(const std::atomic_bool& hurry) const;
-    /// Carries out the changes until one fails, and returns what the memory then holds.
+    /// Carries out the changes, and returns what the memory then holds. Nothing more is written once a
+    /// document could not be, and nothing at all if what could not be removed leaves too little room.
     Contents write(const Changes& changes, const std::atomic_bool& hurry) const;
 
 private:
     /// Passes the time that the memory takes for so many bytes. False if the device was pulled out meanwhile.
     bool pass(qint64 bytes, const std::atomic_bool& hurry) const;
+    /// True if the memory, as it is, has room for what is to be written, or if that is nothing.
+    bool hasRoom(const Changes& changes) const;
     QString writeOne(const QString& fileName, const QByteArray& bytes, const std::atomic_bool& hurry) const;
     QString goneText() const;
 

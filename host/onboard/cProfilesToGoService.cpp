@@ -2,17 +2,12 @@
 
 #include <cDevMgrService.h>
 #include <cProfileMgrService.h>
-#include <EventNames.h>
 #include <HostDevice.h>
-#include <IServiceMgr.h>
-#include <ProfileDocument.h>
 #include <ProfileIds.h>
-#include <ProfileStore.h>
 
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
-#include <QtConcurrentRun>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -22,11 +17,6 @@ const QLatin1String AwayEnding(".disconnected");
 
 /// More devices than this wait for each other.
 constexpr int MaxThreads = 8;
-
-QString inKilobytes(qint64 bytes)
-{
-    return QString::number((bytes + 1023) / 1024);
-}
 
 } // namespace
 
@@ -139,142 +129,13 @@ void cProfilesToGoService::onFolderChanged()
             continue;
         device->isConnected = isThere;
         device->stored.clear();
+        device->unremovable.clear();
         // A job under way finds out by itself.
         device->wasReplaced = device->activity != Activity::None;
         if (isThere && device->activity == Activity::None)
             startReading(*device);
         else
             Q_EMIT memoryChanged(device->id);
-    }
-}
-
-void cProfilesToGoService::startReading(Device& device)
-{
-    const DeviceMemory memory = device.memory;
-    startJob(device, Activity::Reading, [this, memory] { return memory.read(m_hurry); });
-}
-
-void cProfilesToGoService::startWriting(Device& device, const DeviceMemory::Changes& changes)
-{
-    const DeviceMemory memory = device.memory;
-    startJob(device, Activity::Writing, [this, memory, changes] { return memory.write(changes, m_hurry); });
-}
-
-template<typename Job>
-void cProfilesToGoService::startJob(Device& device, Activity activity, const Job& job)
-{
-    device.activity = activity;
-    IServiceMgr::instance()->publish(EventSources::ProfilesToGo, Events::ProfilesToGoDeviceBusy,
-        Q_ARG(QString, device.name), Q_ARG(QString, device.id));
-    Q_EMIT memoryChanged(device.id);
-    device.watcher.setFuture(QtConcurrent::run(&m_threads, job));
-}
-
-void cProfilesToGoService::onJobFinished()
-{
-    const auto found = std::find_if(m_devices.begin(), m_devices.end(),
-        [this](const std::unique_ptr<Device>& device) { return &device->watcher == sender(); });
-    Device& device = **found;
-    const Activity ended = std::exchange(device.activity, Activity::None);
-    const DeviceMemory::Contents contents = device.watcher.result();
-    const bool isFailed = !contents.error.isEmpty();
-    if (isFailed) {
-        Q_EMIT problem(ended == Activity::Writing
-                ? tr(
-                    "The profiles could not be written to %1: %2. They are kept on this computer; write them "
-                    "again later.")
-                      .arg(device.name, contents.error)
-                : tr("The profiles in %1 could not be read: %2.").arg(device.name, contents.error));
-    }
-    device.isConnected = device.memory.isThere();
-    takeContents(device, device.isConnected ? contents : DeviceMemory::Contents());
-    if (ended == Activity::Reading && device.isConnected && !isFailed)
-        adoptUnknown(device);
-    if (device.isConnected && !isFailed)
-        forgetRemoved(device);
-    IServiceMgr::instance()->publish(
-        EventSources::ProfilesToGo, Events::ProfilesToGoDeviceIdle, Q_ARG(QString, device.id));
-    // Listeners take a device that has come to rest for one that has everything.
-    m_profiles.announceUnwritten(device.id);
-    Q_EMIT memoryChanged(device.id);
-
-    const bool wasReplaced = std::exchange(device.wasReplaced, false);
-    if (device.isConnected && (wasReplaced || (isFailed && ended == Activity::Writing)))
-        startReading(device);
-    else if (std::exchange(device.commitAgain, false))
-        commitDevice(device.id);
-    else if (device.isConnected && (ended == Activity::Reading || !device.deleted.ids().isEmpty()))
-        commit(device, true);
-}
-
-void cProfilesToGoService::forgetRemoved(Device& device)
-{
-    if (m_profiles.isReadOnly())
-        return;
-    const auto isStillToGo = [&](const QString& id) {
-        return storedProfile(device, id) && m_profiles.getProfileByID(id).isNull();
-    };
-    tellUnsaved(device, device.deleted.forgetUnless(isStillToGo));
-}
-
-void cProfilesToGoService::tellUnsaved(const Device& device, const QString& error)
-{
-    if (!error.isEmpty()) {
-        Q_EMIT problem(
-            tr("What was deleted of %1 can't be written down: %2. It may come back after a restart.")
-                .arg(device.name, error));
-    }
-}
-
-void cProfilesToGoService::takeContents(Device& device, const DeviceMemory::Contents& contents)
-{
-    device.stored.clear();
-    for (const DeviceMemory::Document& document : contents.documents) {
-        Stored stored = examined(device, document);
-        const bool isTwice = stored.profile && storedProfile(device, stored.profile->uid());
-        if (isTwice) {
-            stored.profile.reset();
-            stored.damage = tr("another document holds a profile of the same id");
-        }
-        device.stored.push_back(std::move(stored));
-    }
-}
-
-cProfilesToGoService::Stored cProfilesToGoService::examined(
-    const Device& device, const DeviceMemory::Document& document) const
-{
-    Stored stored {document, std::nullopt, QString()};
-    if (document.bytes.isEmpty()) {
-        stored.damage =
-            document.size > 0 ? tr("it is larger than the memory or can't be opened") : tr("it is empty");
-        return stored;
-    }
-    ProfileDocument::ReadResult result = m_profiles.readDocument(document.bytes);
-    stored.damage = result.error;
-    if (!stored.damage.isEmpty())
-        return stored;
-    if (result.profiles.size() != 1 || result.profiles.front().uid().isEmpty()) {
-        stored.damage = tr("it holds no single profile with an id");
-        return stored;
-    }
-    stored.profile = std::move(result.profiles.front());
-    stored.profile->properties["deviceid"] = device.id;
-    return stored;
-}
-
-void cProfilesToGoService::adoptUnknown(Device& device)
-{
-    for (const Stored& stored : device.stored) {
-        if (!stored.profile) {
-            Q_EMIT problem(
-                tr("%1 holds something that can't be used: %2, %3. It stays there until you remove "
-                   "it.")
-                    .arg(device.name, stored.document.fileName, stored.damage));
-            continue;
-        }
-        // One that was bound to the device before has been deleted meanwhile.
-        if (!device.known.contains(stored.profile->uid().toUpper()))
-            m_profiles.adopt(*stored.profile);
     }
 }
 
@@ -294,123 +155,17 @@ QByteArray cProfilesToGoService::documentOnDevice(const QString& deviceId, const
     return stored ? stored->document.bytes : QByteArray();
 }
 
-QByteArray cProfilesToGoService::documentOf(const QString& profileId) const
-{
-    return m_profiles.getProfilesToGoXML(QString(), false, {profileId});
-}
-
-DeviceMemory::Changes cProfilesToGoService::changesFor(Device& device, bool removalsOnly)
-{
-    DeviceMemory::Changes changes;
-    QSet<QString> bound;
-    const cJsonValue records = m_profiles.getProfilesToGo(device.id);
-    for (unsigned i = 0; i < records.size(); ++i) {
-        const QString id = records[int(i)]["uid"].toString();
-        bound.insert(id.toUpper());
-        const Stored* stored = storedProfile(device, id);
-        const QByteArray document = removalsOnly ? QByteArray() : documentOf(id);
-        if (removalsOnly || (stored && stored->document.bytes == document))
-            continue;
-        changes.written[stored ? stored->document.fileName : ProfileStore::fileName(id)] = document;
-    }
-    device.known |= bound;
-    for (const Stored& stored : device.stored) {
-        const QString id = stored.profile ? stored.profile->uid().toUpper() : QString();
-        if (stored.profile && device.known.contains(id) && !bound.contains(id))
-            changes.removed.append(stored.document.fileName);
-    }
-    return changes;
-}
-
-qint64 cProfilesToGoService::sizeAfter(const Device& device, const DeviceMemory::Changes& changes)
-{
-    qint64 size = 0;
-    for (const Stored& stored : device.stored) {
-        const QString& name = stored.document.fileName;
-        if (!changes.removed.contains(name) && !changes.written.contains(name))
-            size += stored.document.size;
-    }
-    for (const QByteArray& document : changes.written)
-        size += document.size();
-    return size;
-}
-
-void cProfilesToGoService::commitDevice(const QString& deviceId)
-{
-    Device* device = find(deviceId);
-    if (!device) {
-        Q_EMIT problem(tr("There is no device with an on-board memory for this profile."));
-        return;
-    }
-    if (device->activity != Activity::None)
-        device->commitAgain = true;
-    else
-        commit(*device, false);
-}
-
-void cProfilesToGoService::commit(Device& device, bool removalsOnly)
-{
-    if (m_profiles.isReadOnly()) {
-        if (!removalsOnly)
-            Q_EMIT problem(tr("Another process of this application uses your devices. Nothing was written."));
-        return;
-    }
-    if (!device.memory.isThere()) {
-        if (!removalsOnly)
-            Q_EMIT problem(
-                tr("%1 is not connected. Its profiles are kept on this computer; write them when it "
-                   "is back.")
-                    .arg(device.name));
-        return;
-    }
-    const DeviceMemory::Changes changes = changesFor(device, removalsOnly);
-    if (removalsOnly && changes.isEmpty())
-        return;
-    const qint64 size = sizeAfter(device, changes);
-    if (!changes.written.isEmpty() && size > device.memory.capacity()) {
-        Q_EMIT problem(
-            tr("The profiles for %1 need %2 KB, but its memory has %3 KB. Nothing was written. Remove "
-               "a profile from the device and write again.")
-                .arg(device.name, inKilobytes(size), inKilobytes(device.memory.capacity())));
-        return;
-    }
-    startWriting(device, changes);
-}
-
-void cProfilesToGoService::commitAllDevices()
-{
-    for (const auto& device : m_devices) {
-        if (device->isConnected)
-            commitDevice(device->id);
-    }
-}
-
-void cProfilesToGoService::commitAllDevicesAndWait()
-{
-    commitAllDevices();
-    if (!isAnyBusy())
-        return;
-    QEventLoop loop;
-    // The last change of a device comes when it is idle.
-    connect(this, SIGNAL(memoryChanged(QString)), &loop, SLOT(quit()));
-    while (isAnyBusy() && loop.exec(QEventLoop::ExcludeUserInputEvents) == 0) { }
-}
-
-bool cProfilesToGoService::isAnyBusy() const
-{
-    return std::any_of(m_devices.begin(), m_devices.end(),
-        [](const std::unique_ptr<Device>& device) { return device->activity != Activity::None; });
-}
-
 void cProfilesToGoService::onProfileDeleted(const QString& profileID)
 {
     for (const auto& device : m_devices) {
-        const bool isStored = storedProfile(*device, profileID);
+        const Stored* stored = storedProfile(*device, profileID);
         const bool isBusy = device->activity != Activity::None;
         device->known.insert(profileID.toUpper());
-        if (!m_profiles.isReadOnly() && (isStored || isBusy || !device->isConnected))
+        if (!m_profiles.isReadOnly() && (stored || isBusy || !device->isConnected))
             tellUnsaved(*device, device->deleted.add(profileID));
-        if (isStored && !isBusy)
+        if (stored)
+            device->unremovable.remove(stored->document.fileName);
+        if (stored && !isBusy)
             commit(*device, true);
     }
 }
@@ -491,17 +246,4 @@ bool cProfilesToGoService::isDeviceBusyWriting(const QString& deviceId)
 {
     const Device* device = find(deviceId);
     return device && device->activity == Activity::Writing;
-}
-
-bool cProfilesToGoService::isSpaceAvailable(const QString& deviceId, const QStringList& profileIds)
-{
-    Device* device = find(deviceId);
-    if (!device || !device->isConnected)
-        return false;
-    DeviceMemory::Changes changes = changesFor(*device, false);
-    for (const QString& id : profileIds) {
-        if (m_profiles.getProfileDeviceId(id) != deviceId)
-            changes.written[ProfileStore::fileName(id)] = documentOf(id);
-    }
-    return sizeAfter(*device, changes) <= device->memory.capacity();
 }

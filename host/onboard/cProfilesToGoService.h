@@ -133,6 +133,11 @@ private:
         bool commitAgain = false;
         /// True if the device was plugged in or pulled out during the present activity.
         bool wasReplaced = false;
+        /// File names of what the last write was to remove.
+        QStringList toRemove;
+        /// File names of deleted profiles that could not be removed. They are not tried again by themselves,
+        /// but when the user deletes them once more, writes to the device, or plugs it in.
+        QSet<QString> unremovable;
         std::vector<Stored> stored;
         DeletedProfiles deleted;
         /// Ids in capitals of profiles that were bound to the device since the start, or deleted before it.
@@ -154,6 +159,9 @@ private:
     void takeContents(Device& device, const DeviceMemory::Contents& contents);
     Stored examined(const Device& device, const DeviceMemory::Document& document) const;
     void adoptUnknown(Device& device);
+    void tellFailures(const Device& device, Activity activity, const DeviceMemory::Contents& contents);
+    /// Takes down what a write left that it was to remove.
+    static void noteUnremovable(Device& device);
     void forgetRemoved(Device& device);
     void tellUnsaved(const Device& device, const QString& error);
     QByteArray documentOf(const QString& profileId) const;

@@ -5,6 +5,7 @@
 #include <HelpKey.h>
 #include <HostPalette.h>
 #include <MessageDialog.h>
+#include <WholeFile.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -220,5 +221,7 @@ QString PrintWindow::savePdf(const QString& path)
         if (!KeySheetPainter(m_sheet).paint(writer))
             return tr("the document can't be drawn");
     }
-    return file.commit() ? QString() : file.errorString();
+    QString error;
+    WholeFile::commit(file, &error);
+    return error;
 }

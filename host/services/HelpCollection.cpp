@@ -63,8 +63,13 @@ void HelpCollection::remove(const QString& section)
 void HelpCollection::reindex()
 {
     m_isIndexed = false;
-    m_engine->setupData();
-    m_engine->searchEngine()->reindexDocumentation();
+    // An indexing that is cut short by the next ends like one that is complete. So the next one waits.
+    m_isStale = m_isIndexing;
+    if (!m_isIndexing) {
+        m_isIndexing = true;
+        // Reads the contents, and lets the search engine index what is new.
+        m_engine->setupData();
+    }
     Q_EMIT changed();
 }
 
@@ -94,13 +99,22 @@ void HelpCollection::search(const QString& words)
 {
     m_words = words;
     if (m_isIndexed)
-        onIndexed();
+        startSearch();
 }
 
 void HelpCollection::onIndexed()
 {
+    m_isIndexing = false;
+    if (m_isStale) {
+        reindex();
+        return;
+    }
     m_isIndexed = true;
-    // Also what has been searched for before: the end of an indexing may be that of one which was cut short.
+    startSearch();
+}
+
+void HelpCollection::startSearch()
+{
     const QString query = queryFor(m_words);
     if (!query.isEmpty())
         m_engine->searchEngine()->search(query);

@@ -58,10 +58,14 @@ private Q_SLOTS:
 
 private:
     void reindex();
+    void startSearch();
 
     QTemporaryDir m_folder;
     std::unique_ptr<QHelpEngine> m_engine;
     /// What is looked for once the index is ready.
     QString m_words;
+    bool m_isIndexing = false;
+    /// Pages have come or gone since the indexing began.
+    bool m_isStale = false;
     bool m_isIndexed = false;
 };

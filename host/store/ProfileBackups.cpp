@@ -22,6 +22,9 @@ const QLatin1String ManifestName("backup.json");
 /// Of a backup that is being made.
 const QLatin1String UnfinishedName(".unfinished");
 const QString DocumentFilter = QStringLiteral("*.xml");
+/// Of the moment, in UTC, by which a backup is named.
+const QString StampFormat = QStringLiteral("yyyyMMdd-HHmmss");
+constexpr int StampLength = 15;
 constexpr int ManifestVersion = 1;
 /// Far more than any manifest has.
 constexpr qint64 MaxManifestSize = qint64(4) * 1024 * 1024;
@@ -55,6 +58,13 @@ std::optional<QByteArray> readWhole(const QString& path, qint64 maxSize, QString
         return content;
     error = file.errorString();
     return std::nullopt;
+}
+
+/// False for a file that was damaged since it was made of that content.
+bool holds(const QString& file, const QByteArray& content)
+{
+    QString error;
+    return readWhole(file, content.size(), error) == content;
 }
 
 /// Makes a second name for a file; false where the file system has none.
@@ -123,7 +133,7 @@ QString ProfileBackups::make(Reason reason, const QString& note)
         QDir(unfinished).removeRecursively();
         return error;
     }
-    const QString stem = m_now().toUTC().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    const QString stem = m_now().toUTC().toString(StampFormat);
     QString name = stem;
     for (int i = 2; QFileInfo::exists(path(name)); ++i)
         name = QStringLiteral("%1-%2").arg(stem).arg(i);
@@ -152,7 +162,8 @@ QString ProfileBackups::fill(const QString& target, Reason reason, const QString
             return backupText("%1: %2").arg(name, error);
         const QString digest = digestOf(*content);
         const QString copy = target + QLatin1Char('/') + name;
-        const bool isShared = last.contains(digest) && share(last[digest], copy);
+        const bool isShared =
+            last.contains(digest) && holds(last[digest], *content) && share(last[digest], copy);
         if (!isShared && !WholeFile::write(copy, *content, &error))
             return backupText("%1: %2").arg(name, error);
         cJsonValue document;
@@ -179,14 +190,8 @@ QHash<QString, QString> ProfileBackups::lastDocuments() const
     for (const Backup& backup : list()) {
         if (!backup.problem.isEmpty())
             continue;
-        for (const Document& document : readManifest(backup.name).documents) {
-            const QString file = path(backup.name) + QLatin1Char('/') + document.name;
-            // A file that was damaged since must not be handed on.
-            QString error;
-            const std::optional<QByteArray> content = readWhole(file, ProfileDocument::MaxSize, error);
-            if (content && digestOf(*content) == document.digest)
-                paths[document.digest] = file;
-        }
+        for (const Document& document : readManifest(backup.name).documents)
+            paths[document.digest] = path(backup.name) + QLatin1Char('/') + document.name;
         break;
     }
     return paths;
@@ -198,7 +203,7 @@ ProfileBackups::Manifest ProfileBackups::readManifest(const QString& name) const
     Backup& backup = manifest.backup;
     backup.name = name;
     // What the folder tells, if the manifest does not.
-    backup.time = QDateTime::fromString(name.left(15), QStringLiteral("yyyyMMdd-HHmmss"));
+    backup.time = QDateTime::fromString(name.left(StampLength), StampFormat);
     backup.time.setTimeSpec(Qt::UTC);
     backup.count = QDir(path(name)).entryList({DocumentFilter}, QDir::Files | QDir::Hidden).size();
     QString error;
@@ -251,7 +256,7 @@ std::vector<ProfileBackups::Backup> ProfileBackups::list() const
         return name.section(QLatin1Char('-'), 2).toInt();
     };
     std::sort(backups.begin(), backups.end(), [&](const Backup& a, const Backup& b) {
-        if (a.name.left(15) != b.name.left(15))
+        if (a.name.left(StampLength) != b.name.left(StampLength))
             return a.name > b.name;
         return number(a.name) > number(b.name);
     });
@@ -261,8 +266,13 @@ std::vector<ProfileBackups::Backup> ProfileBackups::list() const
 bool ProfileBackups::isDailyDue() const
 {
     const QDate today = m_now().toLocalTime().date();
-    const std::vector<Backup> backups = list();
-    return std::none_of(backups.begin(), backups.end(), [&](const Backup& backup) {
+    // Each start asks this, and there may be many backups: those of earlier days are not opened.
+    const QString first = today.startOfDay().toUTC().toString(StampFormat);
+    const QStringList names = QDir(m_folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::none_of(names.begin(), names.end(), [&](const QString& name) {
+        if (!isName(name) || name < first)
+            return false;
+        const Backup backup = readManifest(name).backup;
         return backup.problem.isEmpty() && backup.reason == Reason::Daily
             && backup.time.toLocalTime().date() == today;
     });

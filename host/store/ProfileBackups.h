@@ -84,7 +84,7 @@ private:
     static bool isName(const QString& name);
     Manifest readManifest(const QString& name) const;
     QString fill(const QString& target, Reason reason, const QString& note) const;
-    /// The documents of the newest backup that can be used, with their paths, by digest.
+    /// Paths of the documents of the newest backup that can be used, by the digest that they should have.
     QHash<QString, QString> lastDocuments() const;
     Entry readEntry(const QString& path, const Document* expected) const;
     void removeOld() const;

@@ -1,11 +1,14 @@
 #include "DocumentNames.h"
+#include "IElementReader.h"
 #include "ModeNames.h"
 #include "ProfileDocument.h"
+#include "TextPool.h"
 #include "XmlFragment.h"
 
 #include <JsonText.h>
 
 #include <QCoreApplication>
+#include <QDomDocument>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -76,13 +79,13 @@ private:
 
     bool is(const char* name) const { return m_xml.name() == QLatin1String(name); }
 
-    QString attribute(const char* name) const
+    QString attribute(const char* name)
     {
-        return m_xml.attributes().value(QLatin1String(name)).toString();
+        return m_texts.text(m_xml.attributes().value(QLatin1String(name)));
     }
 
-    int number(const char* name) const { return attribute(name).toInt(); }
-    bool flag(const char* name) const { return attribute(name) == QLatin1String(True); }
+    int number(const char* name) { return attribute(name).toInt(); }
+    bool flag(const char* name) { return attribute(name) == QLatin1String(True); }
 
     /// The text of the element that the reader stands on; its children are kept in the record that `part`
     /// gives. Qt's own way to read a text calls itself for each child and so ends the process when they nest
@@ -143,7 +146,8 @@ private:
 
     void readProfile(Profile& profile)
     {
-        for (const QXmlStreamAttribute& each : m_xml.attributes()) {
+        const QXmlStreamAttributes attributes = m_xml.attributes();
+        for (const QXmlStreamAttribute& each : attributes) {
             const QString name = each.qualifiedName().toString();
             const QString value = each.value().toString();
             if (isOneOf(name, ProfileTexts))
@@ -203,10 +207,10 @@ private:
     template<typename Names, typename Part>
     void keepAttributes(const Names& known, const Part& part)
     {
-        for (const QXmlStreamAttribute& each : m_xml.attributes()) {
-            const QString name = each.qualifiedName().toString();
-            if (!isOneOf(name, known))
-                part()[ExtensionAttributes][name] = each.value().toString();
+        const QXmlStreamAttributes attributes = m_xml.attributes();
+        for (const QXmlStreamAttribute& each : attributes) {
+            if (!isOneOf(each.qualifiedName(), known))
+                part()[ExtensionAttributes][each.qualifiedName().toString()] = each.value().toString();
         }
     }
 
@@ -248,11 +252,12 @@ private:
 
     void readMacro(cJsonValue& macro)
     {
-        for (const char* name : MacroTexts) {
-            if (m_xml.attributes().hasAttribute(QLatin1String(name)))
-                macro[name] = attribute(name);
-        }
         macro[Hidden] = flag(Hidden);
+        const QXmlStreamAttributes attributes = m_xml.attributes();
+        for (const char* name : MacroTexts) {
+            if (attributes.hasAttribute(QLatin1String(name)))
+                macro[name] = m_texts.text(attributes.value(QLatin1String(name)));
+        }
         keepAttributes(MacroAttributes, macro);
         while (nextChild()) {
             if (is(Repeat)) {
@@ -315,13 +320,14 @@ private:
     DataContent readDataContent(const cMacroTypePtr& type)
     {
         DataContent content;
-        QDomElement first;
-        QXmlStreamWriter writer(&content.raw);
+        std::optional<XmlElement> first;
         // The type is shown its element before what follows is known.
         const auto writeFirst = [&] {
-            if (!first.isNull())
-                XmlFragment::writeElement(writer, first);
-            first.clear();
+            if (first) {
+                QXmlStreamWriter writer(&content.raw);
+                XmlFragment::writeElement(writer, *first);
+            }
+            first.reset();
         };
         int children = 0;
         while (!m_xml.atEnd()) {
@@ -329,21 +335,30 @@ private:
             if (token == QXmlStreamReader::EndElement)
                 break;
             if (token == QXmlStreamReader::StartElement && ++children == 1 && type && !content.hasText) {
-                first = XmlFragment::takeElement(m_xml, m_dom, ProfileDocument::MaxDepth);
+                first = XmlFragment::takeElement(m_xml, ProfileDocument::MaxDepth, m_texts);
             } else if (token == QXmlStreamReader::StartElement) {
                 writeFirst();
                 content.raw += fragment();
             } else if (token == QXmlStreamReader::Characters && !m_xml.isWhitespace()) {
                 writeFirst();
+                QXmlStreamWriter writer(&content.raw);
                 XmlFragment::writeCharacters(writer, m_xml.text().toString());
                 content.hasText = true;
             }
         }
-        if (!first.isNull())
-            content.data = type->XmlToJson(first);
+        if (first)
+            content.data = understood(*type, *first);
         if (content.data.isNull())
             writeFirst();
         return content;
+    }
+
+    /// What the type makes of the element.
+    cJsonValue understood(IMacroType& type, const XmlElement& element)
+    {
+        if (const auto* reader = dynamic_cast<const IElementReader*>(&type))
+            return reader->read(element);
+        return type.XmlToJson(element.toDom(m_dom));
     }
 
     /// An element with these attributes around XML text.
@@ -424,7 +439,8 @@ private:
 
     QXmlStreamReader m_xml;
     const MacroTypeLookup& m_types;
-    /// Makes the elements that command types read.
+    TextPool m_texts;
+    /// Makes the elements for command types that read no others.
     QDomDocument m_dom;
     ProfileDocument::ReadResult m_result;
 };

@@ -1,7 +1,10 @@
 #include "XmlFragment.h"
 
+#include "TextPool.h"
+
 #include <QCoreApplication>
 #include <QStringList>
+#include <QVarLengthArray>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -20,7 +23,8 @@ QString tooDeep()
 void copyStart(const QXmlStreamReader& reader, QXmlStreamWriter& writer)
 {
     writer.writeStartElement(reader.qualifiedName().toString());
-    for (const QXmlStreamAttribute& attribute : reader.attributes())
+    const QXmlStreamAttributes attributes = reader.attributes();
+    for (const QXmlStreamAttribute& attribute : attributes)
         writer.writeAttribute(attribute.qualifiedName().toString(), attribute.value().toString());
 }
 
@@ -77,6 +81,12 @@ void copyTokens(QXmlStreamReader& reader, QXmlStreamWriter& writer, int maxDepth
     }
 }
 
+void writeAttributes(QXmlStreamWriter& writer, const std::map<QString, QString>& attributes)
+{
+    for (const auto& [name, value] : attributes)
+        writer.writeAttribute(name, XmlFragment::representable(value));
+}
+
 } // namespace
 
 namespace XmlFragment {
@@ -89,30 +99,34 @@ QString takeText(QXmlStreamReader& reader, int maxDepth)
     return text;
 }
 
-QDomElement takeElement(QXmlStreamReader& reader, QDomDocument& document, int maxDepth)
+XmlElement takeElement(QXmlStreamReader& reader, int maxDepth, TextPool& texts)
 {
-    const auto makeElement = [&] {
-        QDomElement element = document.createElement(reader.qualifiedName().toString());
-        for (const QXmlStreamAttribute& attribute : reader.attributes())
-            element.setAttribute(attribute.qualifiedName().toString(), attribute.value().toString());
-        return element;
+    const auto readStart = [&](XmlElement& element) {
+        element.name = texts.text(reader.qualifiedName());
+        const QXmlStreamAttributes attributes = reader.attributes();
+        element.attributes.reserve(std::size_t(attributes.size()));
+        for (const QXmlStreamAttribute& attribute : attributes)
+            element.attributes.push_back(
+                {texts.text(attribute.qualifiedName()), texts.text(attribute.value())});
     };
-    const QDomElement result = makeElement();
-    QDomElement current = result;
-    int depth = 1;
-    while (depth > 0 && !reader.atEnd()) {
+    XmlElement result;
+    readStart(result);
+    // An element stays in its place while there is something added to its last child.
+    QVarLengthArray<XmlElement*, 16> open;
+    open.append(&result);
+    while (!open.isEmpty() && !reader.atEnd()) {
         const QXmlStreamReader::TokenType token = reader.readNext();
         if (token == QXmlStreamReader::StartElement) {
-            if (++depth > maxDepth) {
+            if (open.size() == maxDepth) {
                 reader.raiseError(tooDeep());
                 break;
             }
-            current = current.appendChild(makeElement()).toElement();
+            open.append(&open.last()->children.emplace_back());
+            readStart(*open.last());
         } else if (token == QXmlStreamReader::EndElement) {
-            --depth;
-            current = current.parentNode().toElement();
+            open.removeLast();
         } else if (token == QXmlStreamReader::Characters) {
-            current.appendChild(document.createTextNode(reader.text().toString()));
+            open.last()->children.emplace_back().text = reader.text().toString();
         }
     }
     return result;
@@ -201,8 +215,7 @@ void writeElement(QXmlStreamWriter& writer, const QDomElement& element)
         const QDomAttr attribute = nodes.item(i).toAttr();
         attributes[attribute.name()] = attribute.value();
     }
-    for (const auto& [name, value] : attributes)
-        writer.writeAttribute(name, representable(value));
+    writeAttributes(writer, attributes);
     for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
         if (child.isElement())
             writeElement(writer, child.toElement());
@@ -210,6 +223,22 @@ void writeElement(QXmlStreamWriter& writer, const QDomElement& element)
             writer.writeCDATA(child.nodeValue());
         else if (child.isText())
             writeCharacters(writer, child.nodeValue());
+    }
+    writer.writeEndElement();
+}
+
+void writeElement(QXmlStreamWriter& writer, const XmlElement& element)
+{
+    writer.writeStartElement(element.name);
+    std::map<QString, QString> attributes;
+    for (const XmlElement::Attribute& attribute : element.attributes)
+        attributes[attribute.name] = attribute.value;
+    writeAttributes(writer, attributes);
+    for (const XmlElement& child : element.children) {
+        if (child.isText())
+            writeCharacters(writer, child.text);
+        else
+            writeElement(writer, child);
     }
     writer.writeEndElement();
 }

@@ -1,22 +1,24 @@
 #pragma once
 
-#include <QDomDocument>
+#include "XmlElement.h"
+
 #include <QDomElement>
 #include <QString>
 
 class QXmlStreamReader;
 class QXmlStreamWriter;
+class TextPool;
 
-/// Pieces of XML on their way between a stream, a text and a DOM, unchanged but for the spelling of white
-/// space in tags.
+/// Pieces of XML on their way between a stream, a text, a value and a DOM, unchanged but for the spelling of
+/// white space in tags.
 namespace XmlFragment {
 
 /// The element that the reader stands on, as text. Leaves the reader at the element's end. Nested deeper than
 /// `maxDepth` the reader is given an error.
 QString takeText(QXmlStreamReader& reader, int maxDepth);
 
-/// The same as a DOM element made by `document`.
-QDomElement takeElement(QXmlStreamReader& reader, QDomDocument& document, int maxDepth);
+/// The same as a value, its names and values out of `texts`.
+XmlElement takeElement(QXmlStreamReader& reader, int maxDepth, TextPool& texts);
 
 /// True if the text is any number of elements that takeText() would return, and nothing else.
 bool isElements(const QString& text, int maxDepth);
@@ -39,5 +41,7 @@ void writeText(QXmlStreamWriter& writer, const QString& text);
 
 /// Writes an element with all below it; attributes in the order of their names, because a DOM keeps none.
 void writeElement(QXmlStreamWriter& writer, const QDomElement& element);
+/// The same of an element that takeElement() returned.
+void writeElement(QXmlStreamWriter& writer, const XmlElement& element);
 
 } // namespace XmlFragment

@@ -21,7 +21,8 @@ public:
     using QObject::QObject;
 
     /// Brings the view up on the canvas for the device that the key `device_model` of `viewInfo` names; false
-    /// if it can't, and nothing has changed then.
+    /// if it can't, and nothing has changed then. The canvas redraws all of itself with each change, since an
+    /// item of the view may draw beyond its bounds.
     virtual bool init(cJsonValue viewInfo, QGraphicsView* canvas) = 0;
 
     /// Takes the view down. What it still animates afterwards it removes by itself.

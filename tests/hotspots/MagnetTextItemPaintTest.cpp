@@ -64,6 +64,8 @@ public:
         scene.addItem(label);
         label->setCenter(100, 100);
         label->setConnectLine(Line.topLeft(), Line.bottomRight());
+        // As on the canvas: the bounds, by which other views know what to redraw, do not count the line in.
+        view.setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
         // A scene that tells its changes redraws all of itself when an item goes: the paint events count.
         view.viewport()->installEventFilter(&painted);
         view.resize(640, 640);

@@ -16,39 +16,29 @@ void HelpJourney::eachWindowOpensItsTopic()
 {
     Journey journey({"--device", "Veltrano.Gaming.Mouse.M5"});
     QVERIFY(journey.isRunning());
-    const auto opensTopic = [&](const QString& title) {
-        journey.key("F1");
-        if (!journey.waitForWindow(title + " - Help"))
-            return false;
-        journey.key("Escape");
-        return QTest::qWaitFor([&] { return Journey::countWindows("Help") == 0; }, 20000);
-    };
-    QVERIFY(opensTopic("Customizing G-keys"));
+    QVERIFY(journey.opensHelp("Customizing G-keys"));
 
     journey.key("alt+m");
     journey.key("o");
     QVERIFY(journey.waitForWindow("On-board Memory"));
-    QVERIFY(opensTopic("Profiles in the memory of a device"));
+    QVERIFY(journey.opensHelp("Profiles in the memory of a device"));
     journey.key("Escape");
     QTRY_COMPARE(Journey::countWindows("On-board Memory"), 0);
 
     journey.key("ctrl+p");
     QVERIFY(journey.waitForWindow("Print Profile"));
-    QVERIFY(opensTopic("Printing"));
+    QVERIFY(journey.opensHelp("Printing"));
     journey.key("Escape");
     QTRY_COMPARE(Journey::countWindows("Print Profile"), 0);
 
     journey.key("alt+m");
     journey.key("c");
     QVERIFY(journey.waitForWindow("Script of"));
-    QVERIFY(opensTopic("Scripts"));
+    QVERIFY(journey.opensHelp("Scripts"));
     journey.key("alt+F4");
     QTRY_COMPARE(Journey::countWindows("Script of"), 0);
 
-    journey.key("ctrl+q");
-    QVERIFY(journey.waitForEnd());
-    QVERIFY(!journey.hasCrashed());
-    QCOMPARE(journey.errors(), QString());
+    QVERIFY(journey.end());
 }
 
 void HelpJourney::contentsAndSearchLeadToPages()
@@ -65,9 +55,7 @@ void HelpJourney::contentsAndSearchLeadToPages()
     QVERIFY(Journey::saveScreen("help-search.png"));
     journey.key("Escape");
     QTRY_COMPARE(Journey::countWindows("Help"), 0);
-    journey.key("ctrl+q");
-    QVERIFY(journey.waitForEnd());
-    QCOMPARE(journey.errors(), QString());
+    QVERIFY(journey.end());
 }
 
 VELTRANO_TEST_MAIN(HelpJourney)

@@ -20,14 +20,32 @@ constexpr int Patience = 20000;
 /// Longer than anything stands still in the middle of a movement.
 constexpr int LookInterval = 500;
 
+/// What `look` gives once it gives the same twice in a row.
+template<typename Look>
+QImage resting(const Look& look)
+{
+    QImage last = look();
+    std::ignore = QTest::qWaitFor(
+        [&] {
+            QTest::qWait(LookInterval);
+            return std::exchange(last, look()) == last;
+        },
+        Patience);
+    return last;
+}
+
 } // namespace
 
 Journey::Journey(const QStringList& arguments, const QMap<QString, QByteArray>& files)
     : m_arguments(QStringList({QStringLiteral("--data-dir"), m_data.path()}) + arguments)
 {
     writeSettings();
-    for (auto file = files.begin(); file != files.end(); ++file)
-        write(file.key(), file.value());
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        if (file.value().isNull())
+            QFile::remove(dataFile(file.key()));
+        else
+            write(file.key(), file.value());
+    }
     start(QStringLiteral(JOURNEY_APPLICATION), m_arguments, QStringLiteral("Veltrano"));
 }
 
@@ -91,7 +109,7 @@ QString Journey::xdotool(const QStringList& arguments)
 bool Journey::restart()
 {
     key(QStringLiteral("ctrl+q"));
-    if (!waitForEnd() || hasCrashed())
+    if (!waitForEnd() || hasCrashed() || exitCode() != 0)
         return false;
     errors();
     m_window.clear();
@@ -137,19 +155,28 @@ void Journey::clickWith(const QString& key, const QPoint& point)
 
 void Journey::drag(const QPoint& from, const QPoint& to)
 {
+    dragAndHold(from, to);
+    drop();
+}
+
+void Journey::dragAndHold(const QPoint& from, const QPoint& to)
+{
     constexpr int Steps = 8;
     // Not to be taken for the second press of a double click.
     const QStringList settle {QStringLiteral("sleep"), QStringLiteral("0.6")};
     const QStringList pause {QStringLiteral("sleep"), QStringLiteral("0.05")};
+    const QStringList answer {QStringLiteral("sleep"), QStringLiteral("0.3")};
     QStringList commands =
         moveCommand(from) + settle + QStringList({QStringLiteral("mousedown"), QStringLiteral("1")});
     for (int step = 1; step <= Steps; ++step)
         commands += pause + moveCommand(from + (to - from) * step / Steps);
     // A drag looks around when the pointer moves: once more at the end, and with time for the answer.
-    commands += QStringList({QStringLiteral("sleep"), QStringLiteral("0.3")}) + moveCommand(to + QPoint(1, 1))
-        + QStringList(
-            {QStringLiteral("sleep"), QStringLiteral("0.3"), QStringLiteral("mouseup"), QStringLiteral("1")});
-    xdotool(commands);
+    xdotool(commands + answer + moveCommand(to + QPoint(1, 1)) + answer);
+}
+
+void Journey::drop()
+{
+    xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
 }
 
 void Journey::type(const QString& text)
@@ -205,19 +232,17 @@ QImage Journey::picture() const
 
 QImage Journey::restingPicture(const QRect& area) const
 {
-    QImage last = picture().copy(area);
-    std::ignore = QTest::qWaitFor(
-        [&] {
-            QTest::qWait(LookInterval);
-            return std::exchange(last, picture().copy(area)) == last;
-        },
-        Patience);
-    return last;
+    return resting([&] { return picture().copy(area); });
 }
 
 QImage Journey::screen()
 {
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+}
+
+QImage Journey::restingScreen(const QRect& area)
+{
+    return resting([&] { return screen().copy(area); });
 }
 
 bool Journey::saveScreen(const QString& name)
@@ -240,6 +265,29 @@ bool Journey::showsMessage() const
     for (int y = 0; y < shown.height(); ++y)
         edge += shown.pixel(shown.width() / 2, y) == Amber ? 1 : 0;
     return edge > 0;
+}
+
+bool Journey::opensHelp(const QString& title)
+{
+    key(QStringLiteral("F1"));
+    if (!waitForWindow(title + QStringLiteral(" - Help")))
+        return false;
+    key(QStringLiteral("Escape"));
+    return QTest::qWaitFor([] { return countWindows(QStringLiteral("Help")) == 0; }, Patience);
+}
+
+bool Journey::end()
+{
+    key(QStringLiteral("ctrl+q"));
+    if (!waitForEnd() || hasCrashed() || exitCode() != 0)
+        return false;
+    // Presses in wells are logged, and nothing else.
+    QString told = errors();
+    told.remove(
+        QRegularExpression(QStringLiteral("MacroBindingView: User clicked on empty profile well \\d\n")));
+    if (!told.isEmpty())
+        qWarning("%s", qPrintable(told));
+    return told.isEmpty();
 }
 
 bool Journey::waitForEnd()

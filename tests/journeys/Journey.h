@@ -17,7 +17,7 @@ class Journey
 public:
     /// Starts the application and waits for its window. Check isRunning() afterwards. It has scanned for
     /// games before, unless the arguments give it data of their own. `files` are in its data folder before,
-    /// by their names.
+    /// by their names; one that is null is not there.
     explicit Journey(const QStringList& arguments = {}, const QMap<QString, QByteArray>& files = {});
     /// Starts another program and waits for the window whose title holds the text.
     Journey(const QString& program, const QStringList& arguments, const QString& title);
@@ -34,6 +34,9 @@ public:
     void clickWith(const QString& key, const QPoint& point);
     /// With the left button, in steps as a hand does.
     void drag(const QPoint& from, const QPoint& to);
+    /// The same, but for the release of the button.
+    void dragAndHold(const QPoint& from, const QPoint& to);
+    void drop();
     void moveTo(const QPoint& point);
     /// Characters, one key after the other.
     void type(const QString& text);
@@ -46,6 +49,8 @@ public:
     QImage restingPicture(const QRect& area) const;
     /// What the whole screen shows now, with all windows.
     static QImage screen();
+    /// What an area of it shows once two looks at it in a row show the same.
+    static QImage restingScreen(const QRect& area);
     static bool saveScreen(const QString& name);
     /// Whether there is a visible window whose title holds the text.
     bool hasWindow(const QString& title) const;
@@ -64,6 +69,11 @@ public:
     /// Ids of the processes that it has started and that still run.
     QStringList childProcesses() const;
 
+    /// Opens the help of what has the keyboard by F1, and closes it; false if another page comes up.
+    bool opensHelp(const QString& title);
+
+    /// Ends the application as its user does; false if it does not end as it should or has something to tell.
+    bool end();
     /// Waits until the application has ended; false if it does not.
     bool waitForEnd();
     /// As the end of a session does.

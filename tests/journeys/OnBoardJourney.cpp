@@ -83,10 +83,7 @@ void OnBoardJourney::mouseIsPulledOutWhileItIsWrittenAndThenFull()
     journey.key("Escape");
     QTRY_COMPARE(Journey::countWindows("On-board Memory"), 0);
 
-    journey.key("ctrl+q");
-    QVERIFY(journey.waitForEnd());
-    QVERIFY(!journey.hasCrashed());
-    QCOMPARE(journey.errors(), QString());
+    QVERIFY(journey.end());
 }
 
 void OnBoardJourney::viewOffersWhatIsNotWrittenAndWritesIt()
@@ -123,10 +120,7 @@ void OnBoardJourney::viewOffersWhatIsNotWrittenAndWritesIt()
     // With nothing to write there is no button from the start.
     QVERIFY(journey.restart());
     QCOMPARE(journey.restingPicture(SyncButton), written);
-    journey.key("ctrl+q");
-    QVERIFY(journey.waitForEnd());
-    QVERIFY(!journey.hasCrashed());
-    QCOMPARE(journey.errors(), QString());
+    QVERIFY(journey.end());
 }
 
 VELTRANO_TEST_MAIN(OnBoardJourney)

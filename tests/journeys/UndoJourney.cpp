@@ -1,23 +1,18 @@
-#include "Journey.h"
+#include "ViewJourney.h"
 
-#include <AppConstants.h>
 #include <ProfileDocument.h>
 #include <ProfileStore.h>
-#include <TestCase.h>
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 
-#include <tuple>
-#include <utility>
+using namespace ViewPlaces;
 
 namespace {
 
 const QString Id = QStringLiteral("{AAAAAAAA-0000-0000-0000-000000000001}");
-
-/// Points of the window with the view.
-constexpr QPoint SecondTile(518 + 68 + 34, AppConstants::HeaderHeight + 26 + 40);
-constexpr QPoint NeutralPoint(AppConstants::SceneSize.width() / 2, AppConstants::HeaderHeight / 2);
+const QString HelpTitle = QStringLiteral("Importing profiles and backups");
 
 } // namespace
 
@@ -34,15 +29,6 @@ private Q_SLOTS:
 
 private:
     static QString writeProfile(const Journey& journey);
-    /// By F1, and closes it again.
-    static bool opensHelp(Journey& journey)
-    {
-        journey.key("F1");
-        if (!journey.waitForWindow("Importing profiles and backups - Help"))
-            return false;
-        journey.key("Escape");
-        return QTest::qWaitFor([] { return Journey::countWindows("Help") == 0; }, 20000);
-    }
     static QString stored(const Journey& journey)
     {
         return journey.dataFile("profiles/" + ProfileStore::fileName(Id));
@@ -77,7 +63,7 @@ void UndoJourney::importIsUndoneRedoneAndBroughtBack()
     journey.key("Return");
     QVERIFY(journey.waitForWindow("Profiles to Import"));
     QVERIFY(Journey::saveScreen("undo-import.png"));
-    QVERIFY(opensHelp(journey));
+    QVERIFY(journey.opensHelp(HelpTitle));
     journey.key("Return");
     QTRY_VERIFY(QFile::exists(stored(journey)));
     QTRY_VERIFY(backups() == 2);
@@ -97,7 +83,7 @@ void UndoJourney::importIsUndoneRedoneAndBroughtBack()
     journey.key("ctrl+b");
     QVERIFY(journey.waitForWindow("Backups"));
     QVERIFY(Journey::saveScreen("undo-backups.png"));
-    QVERIFY(opensHelp(journey));
+    QVERIFY(journey.opensHelp(HelpTitle));
     journey.key("alt+a");
     QTRY_VERIFY(QFile::exists(stored(journey)));
     QVERIFY(Journey::saveScreen("undo-brought-back.png"));
@@ -105,26 +91,14 @@ void UndoJourney::importIsUndoneRedoneAndBroughtBack()
     journey.key("ctrl+z");
     QTRY_VERIFY(!QFile::exists(stored(journey)));
 
-    journey.key("ctrl+q");
-    QVERIFY(journey.waitForEnd());
-    QVERIFY(!journey.hasCrashed());
-    QCOMPARE(journey.exitCode(), 0);
-    QCOMPARE(journey.errors(), QString());
+    QVERIFY(journey.end());
 }
 
 void UndoJourney::deletedProfileComesBackInTheView()
 {
-    Journey journey({"--device", "Veltrano.Gaming.LeftHandedController.K13", "--open-view"});
+    ViewJourney journey;
     QVERIFY(journey.isRunning());
-    const auto resting = [&] {
-        QImage last = journey.picture();
-        std::ignore = QTest::qWaitFor([&] {
-            QTest::qWait(2 * AppConstants::TransformTime);
-            return std::exchange(last, journey.picture()) == last;
-        });
-        return last;
-    };
-    const QImage onlyDefault = resting();
+    const QImage onlyDefault = journey.restingView();
     journey.key("ctrl+i");
     QVERIFY(journey.waitForWindow("Import Profiles"));
     journey.type(writeProfile(journey));
@@ -135,25 +109,21 @@ void UndoJourney::deletedProfileComesBackInTheView()
     QTRY_VERIFY(QFile::exists(stored(journey)));
 
     // The second tile takes the focus of the keyboard.
-    journey.click(SecondTile);
-    journey.click(NeutralPoint);
-    const QImage both = resting();
+    journey.click(tile(1));
+    const QImage both = journey.restingView();
     QVERIFY(both != onlyDefault);
     QVERIFY(journey.savePicture("undo-view-both.png"));
     journey.key("Delete");
     QVERIFY(journey.waitForWindow("Delete Profile"));
     journey.key("y");
     QTRY_VERIFY(!QFile::exists(stored(journey)));
-    QTRY_VERIFY(journey.picture() != both);
+    QVERIFY(journey.restingView() != both);
     QVERIFY(journey.savePicture("undo-view-deleted.png"));
     journey.key("ctrl+z");
     QTRY_VERIFY(QFile::exists(stored(journey)));
-    QTRY_VERIFY(journey.picture() == both);
+    QTRY_VERIFY(journey.restingView() == both);
 
-    journey.key("ctrl+q");
-    QVERIFY(journey.waitForEnd());
-    QVERIFY(!journey.hasCrashed());
-    QCOMPARE(journey.exitCode(), 0);
+    QVERIFY(journey.end());
 }
 
 void UndoJourney::changeOfTheLastMomentSurvivesTheEndOfTheSession_data()

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -15,9 +16,16 @@ constexpr int MenuTime = 300;
 /// Documents are written half a second after a change.
 constexpr int WriteTime = 5000;
 
+const QString Category = QStringLiteral("Veltrano.Gaming.LeftHandedController");
+
 } // namespace
 
 const QString ViewJourney::Controller = QStringLiteral("Veltrano.Gaming.LeftHandedController.K13");
+const QString ViewJourney::DefaultProfile = QStringLiteral("Default Profile");
+
+ViewJourney::ViewJourney(const QMap<QString, QByteArray>& files)
+    : Journey({QStringLiteral("--device"), Controller, QStringLiteral("--open-view")}, files)
+{ }
 
 ViewJourney::ViewJourney(const QStringList& arguments)
     : Journey(arguments)
@@ -49,6 +57,35 @@ int ViewJourney::macroCount(const QString& profile) const
     return storedProfiles().value(profile).elementsByTagName(QStringLiteral("macro")).size();
 }
 
+ViewJourney::Assignments ViewJourney::assignments(const QString& profile) const
+{
+    Assignments found;
+    const QDomNodeList all = storedProfiles().value(profile).elementsByTagName(QStringLiteral("assignment"));
+    for (int i = 0; i < all.size(); ++i) {
+        const QDomElement assignment = all.at(i).toElement();
+        // Backups hold assignments as well.
+        const QDomElement parent = assignment.parentNode().toElement();
+        if (parent.tagName() == QLatin1String("assignments")
+            && parent.attribute(QStringLiteral("category")) == Category)
+            found[assignment.attribute(QStringLiteral("shiftstate")) + QLatin1Char(' ')
+                + assignment.attribute(QStringLiteral("contextid"))] =
+                assignment.attribute(QStringLiteral("macrouid"));
+    }
+    return found;
+}
+
+QString ViewJourney::commandOn(const char* place, const QString& profile) const
+{
+    const QString id = assignments(profile).value(QLatin1String(place));
+    const QDomNodeList macros = storedProfiles().value(profile).elementsByTagName(QStringLiteral("macro"));
+    for (int i = 0; i < macros.size(); ++i) {
+        const QDomElement macro = macros.at(i).toElement();
+        if (macro.attribute(QStringLiteral("uid")) == id)
+            return macro.attribute(QStringLiteral("display_name"));
+    }
+    return QString();
+}
+
 QString ViewJourney::setting(const char* key) const
 {
     QFile file(dataFile(QStringLiteral("settings.json")));
@@ -62,6 +99,19 @@ QImage ViewJourney::restingBar()
 {
     moveTo(BareCanvas);
     return restingPicture(TileArea);
+}
+
+QImage ViewJourney::restingView()
+{
+    moveTo(BareCanvas);
+    const QImage desk = restingPicture(DeskArea);
+    const QImage tiles = restingPicture(TileArea);
+    QImage view(desk.width(), tiles.height() + desk.height(), desk.format());
+    view.fill(Qt::black);
+    QPainter painter(&view);
+    painter.drawImage(0, 0, tiles);
+    painter.drawImage(0, tiles.height(), desk);
+    return view;
 }
 
 bool ViewJourney::makeProfile(const QString& name)
@@ -81,18 +131,36 @@ bool ViewJourney::makeProfile(const QString& name)
         && QTest::qWaitFor([&] { return storedNames().contains(name); }, WriteTime) && !restingBar().isNull();
 }
 
-void ViewJourney::chooseEntry(int entry)
+void ViewJourney::goToEntry(int entry)
 {
     QTest::qWait(MenuTime);
     for (int i = 0; i < entry; ++i)
         key(QStringLiteral("Down"));
+}
+
+void ViewJourney::chooseEntry(int entry)
+{
+    goToEntry(entry);
     key(QStringLiteral("Return"));
+}
+
+void ViewJourney::goToInMenuOf(int number, int entry)
+{
+    click(tile(number), 3);
+    goToEntry(entry);
 }
 
 void ViewJourney::chooseInMenuOf(int number, int entry)
 {
     click(tile(number), 3);
     chooseEntry(entry);
+}
+
+void ViewJourney::openKeysMenu(int number, int entry)
+{
+    goToInMenuOf(number, entry);
+    key(QStringLiteral("Right"));
+    QTest::qWait(MenuTime);
 }
 
 bool ViewJourney::giveFile(const QString& title, const QString& path)
@@ -112,20 +180,6 @@ bool ViewJourney::confirmDeletion()
     key(QStringLiteral("shift+Tab"));
     key(QStringLiteral("space"));
     return waitForNoWindow(QStringLiteral("Delete Profile"));
-}
-
-bool ViewJourney::end()
-{
-    key(QStringLiteral("ctrl+q"));
-    if (!waitForEnd() || hasCrashed() || exitCode() != 0)
-        return false;
-    // Presses in wells are logged, and nothing else.
-    QString told = errors();
-    told.remove(
-        QRegularExpression(QStringLiteral("MacroBindingView: User clicked on empty profile well \\d\n")));
-    if (!told.isEmpty())
-        qWarning("%s", qPrintable(told));
-    return told.isEmpty();
 }
 
 void ViewJourneyTest::init()

@@ -5,6 +5,7 @@
 
 #include <TestCase.h>
 
+#include <QByteArray>
 #include <QDomElement>
 #include <QImage>
 #include <QMap>
@@ -17,32 +18,46 @@
 class ViewJourney : public Journey
 {
 public:
-    static const QString Controller;
+    using Assignments = QMap<QString, QString>;
 
-    /// By default with the view open.
-    explicit ViewJourney(const QStringList& arguments = {
-                             QStringLiteral("--device"), Controller, QStringLiteral("--open-view")});
+    static const QString Controller;
+    /// The name of the profile that is always there.
+    static const QString DefaultProfile;
+
+    /// With the view open.
+    explicit ViewJourney(const QMap<QString, QByteArray>& files = {});
+    /// With the arguments alone.
+    explicit ViewJourney(const QStringList& arguments);
 
     /// The stored profiles by name.
     QMap<QString, QDomElement> storedProfiles() const;
     QStringList storedNames() const { return storedProfiles().keys(); }
     QString idOf(const QString& profile) const;
     int macroCount(const QString& profile) const;
+    /// The uids of the commands on the controller, by places as in "M1 G1".
+    Assignments assignments(const QString& profile = DefaultProfile) const;
+    /// The display name of the command at such a place; empty if there is none.
+    QString commandOn(const char* place, const QString& profile = DefaultProfile) const;
     QString setting(const char* key) const;
 
-    /// With the pointer out of the way.
+    // With the pointer out of the way.
     QImage restingBar();
+    /// What shows the state of profiles, commands and keys.
+    QImage restingView();
     bool makeProfile(const QString& name);
-    /// Chooses the entry with that number, as keys reach it, in the menu that comes up.
+    /// Goes to the entry with that number, as keys reach it, in the menu that comes up.
+    void goToEntry(int entry);
+    /// Chooses it.
     void chooseEntry(int entry);
-    /// The same in the menu of a tile.
+    // The same in the menu of a tile.
+    void goToInMenuOf(int tile, int entry);
     void chooseInMenuOf(int tile, int entry);
+    /// Opens the submenu of all keys in the menu of a tile; its first entry is marked.
+    void openKeysMenu(int tile, int entry = ViewPlaces::AllKeys);
     /// Types the name of a file into the dialog and takes it.
     bool giveFile(const QString& title, const QString& path);
     /// Says yes to the question whether to delete.
     bool confirmDeletion();
-    /// Ends the application; false if it does not end as it should or has something to tell.
-    bool end();
 };
 
 /// Base of the tests that make such a journey in each case. A case that fails leaves a picture of the screen.

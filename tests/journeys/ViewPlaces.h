@@ -33,15 +33,26 @@ inline constexpr QPoint KeyG1 = onCanvas(396, 283);
 inline constexpr QPoint KeyG2 = onCanvas(480, 275);
 inline constexpr QPoint KeyG14 = onCanvas(900, 340);
 inline constexpr QPoint KeyG15 = onCanvas(480, 395);
+/// The button of the first mode.
+inline constexpr QRect ModeM1Area(onCanvas(764, 173), QSize(48, 26));
 inline constexpr QPoint ModeM2 = onCanvas(844, 186);
+inline constexpr QPoint NewCommandButton = onCanvas(261, 167);
+/// Where the bar has nothing but its title.
+inline constexpr QPoint BarTitle = onCanvas(400, 50);
 inline constexpr QPoint NewButton = onCanvas(359, 108);
 inline constexpr QPoint NewMenuArrow = onCanvas(359, 127);
 inline constexpr QPoint ImportButton = onCanvas(392, 106);
+inline constexpr QPoint PrintButton = onCanvas(424, 106);
 inline constexpr QPoint ProfileSearchBox = onCanvas(430, 83);
+inline constexpr QPoint SearchBox = onCanvas(180, 202);
 inline constexpr QPoint Trashcan = onCanvas(339, 530);
 inline constexpr QPoint BareCanvas = onCanvas(560, 505);
 /// The tiles of profiles. The search box beside them has a caret, which never rests.
 inline constexpr QRect TileArea(onCanvas(518, 26), QSize(404, 103));
+/// The keys with their labels, without those of the stick.
+inline constexpr QRect KeyArea(onCanvas(350, 220), QSize(610, 250));
+/// The rows of commands.
+inline constexpr QRect ListArea(onCanvas(38, 220), QSize(232, 316));
 /// Commands and keys. The current mode's button above them never rests.
 inline constexpr QRect DeskArea(onCanvas(0, 220), QSize(980, 400));
 
@@ -76,5 +87,11 @@ enum MenuEntry {
     SetPersistent,
     Properties
 };
+
+/// The place of an entry behind "Delete" in the menu of the fixed default profile, which is never deleted.
+constexpr int inDefaultMenu(MenuEntry entry)
+{
+    return entry - 1;
+}
 
 } // namespace ViewPlaces

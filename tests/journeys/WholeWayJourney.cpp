@@ -2,41 +2,16 @@
 
 #include <AppConstants.h>
 
-#include <QDomElement>
 #include <QFile>
 #include <QImage>
-#include <QPainter>
 
 using namespace ViewPlaces;
 
 namespace {
 
-const QString Default = QStringLiteral("Default Profile");
+const QString& Default = ViewJourney::DefaultProfile;
 const QString Chess = QStringLiteral("Chess");
 constexpr QPoint KeyG3 = onCanvas(560, 268);
-
-/// The display name of the command that a profile has on a key in its first mode.
-QString commandOn(const QDomElement& profile, const QString& key)
-{
-    QString id;
-    const QDomNodeList assignments = profile.elementsByTagName("assignment");
-    for (int i = 0; i < assignments.size(); ++i) {
-        const QDomElement assignment = assignments.at(i).toElement();
-        // Backups hold assignments as well.
-        const QDomElement parent = assignment.parentNode().toElement();
-        if (parent.tagName() == "assignments"
-            && ViewJourney::Controller.startsWith(parent.attribute("category"))
-            && assignment.attribute("contextid") == key && assignment.attribute("shiftstate") == "M1")
-            id = assignment.attribute("macrouid");
-    }
-    const QDomNodeList macros = profile.elementsByTagName("macro");
-    for (int i = 0; i < macros.size(); ++i) {
-        const QDomElement macro = macros.at(i).toElement();
-        if (macro.attribute("uid") == id)
-            return macro.attribute("display_name");
-    }
-    return QString();
-}
 
 } // namespace
 
@@ -51,28 +26,11 @@ private Q_SLOTS:
     void cleanup();
 
 private:
-    static QString stored(const ViewJourney& journey, const QString& profile, const QString& key)
-    {
-        return commandOn(journey.storedProfiles().value(profile), key);
-    }
     /// The whole canvas while there is no view on it.
     static QImage restingHome(ViewJourney& journey)
     {
         journey.moveTo(BareCanvas);
         return journey.restingPicture(CanvasArea);
-    }
-    /// What shows the state of profiles, commands and keys.
-    static QImage restingView(ViewJourney& journey)
-    {
-        journey.moveTo(BareCanvas);
-        const QImage desk = journey.restingPicture(DeskArea);
-        const QImage tiles = journey.restingPicture(TileArea);
-        QImage view(desk.width(), tiles.height() + desk.height(), desk.format());
-        view.fill(Qt::black);
-        QPainter painter(&view);
-        painter.drawImage(0, 0, tiles);
-        painter.drawImage(0, tiles.height(), desk);
-        return view;
     }
 };
 
@@ -94,31 +52,31 @@ void WholeWayJourney::everythingIsAsItWasLeft()
     QVERIFY(journey.savePicture("whole-way-1-device.png"));
     journey.click(ViewButton);
     QTRY_VERIFY(journey.picture().copy(DeskArea) != device.copy(DeskArea.translated(-CanvasArea.topLeft())));
-    restingView(journey);
+    journey.restingView();
     QVERIFY(journey.savePicture("whole-way-2-view.png"));
     QCOMPARE(journey.storedNames(), QStringList(Default));
 
-    QVERIFY(stored(journey, Default, "G1") != "2");
+    QVERIFY(journey.commandOn("M1 G1", Default) != "2");
     journey.drag(commandRow(1), KeyG1);
-    QTRY_COMPARE(stored(journey, Default, "G1"), QString("2"));
-    restingView(journey);
+    QTRY_COMPARE(journey.commandOn("M1 G1", Default), QString("2"));
+    journey.restingView();
     QVERIFY(journey.savePicture("whole-way-3-assigned.png"));
 
     // The new profile is the current one and stands first.
     QVERIFY(journey.makeProfile(Chess));
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Chess));
-    const QImage empty = restingView(journey);
+    const QImage empty = journey.restingView();
     QVERIFY(journey.savePicture("whole-way-4-new-profile.png"));
     journey.click(tile(1));
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Default));
     journey.click(tile(0));
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Chess));
-    QTRY_VERIFY(restingView(journey) == empty);
+    QTRY_VERIFY(journey.restingView() == empty);
 
     // A command of the one goes to the other, and there onto a key.
     journey.click(tile(1));
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Default));
-    restingView(journey);
+    journey.restingView();
     const int commands = journey.macroCount(Default);
     const int before = journey.macroCount(Chess);
     journey.drag(commandRow(6), tile(0));
@@ -126,10 +84,10 @@ void WholeWayJourney::everythingIsAsItWasLeft()
     QCOMPARE(journey.macroCount(Default), commands);
     journey.click(tile(0));
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Chess));
-    restingView(journey);
+    journey.restingView();
     journey.drag(commandRow(0), KeyG3);
-    QTRY_COMPARE(stored(journey, Chess, "G3"), QString("A"));
-    restingView(journey);
+    QTRY_COMPARE(journey.commandOn("M1 G3", Chess), QString("A"));
+    journey.restingView();
     QVERIFY(journey.savePicture("whole-way-5-second-profile.png"));
 
     // Who comes back to a profile finds none of its commands selected.
@@ -137,7 +95,7 @@ void WholeWayJourney::everythingIsAsItWasLeft()
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Default));
     journey.click(tile(0));
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Chess));
-    const QImage filled = restingView(journey);
+    const QImage filled = journey.restingView();
 
     const QString path = journey.dataFile("chess.xml");
     journey.chooseInMenuOf(0, Export);
@@ -150,25 +108,25 @@ void WholeWayJourney::everythingIsAsItWasLeft()
     QVERIFY(journey.savePicture("whole-way-6-delete.png"));
     QVERIFY(journey.confirmDeletion());
     QTRY_COMPARE(journey.storedNames(), QStringList(Default));
-    restingView(journey);
+    journey.restingView();
     journey.key("ctrl+z");
     QTRY_COMPARE(journey.storedNames(), QStringList({Chess, Default}));
-    QCOMPARE(stored(journey, Chess, "G3"), QString("A"));
+    QCOMPARE(journey.commandOn("M1 G3", Chess), QString("A"));
     QCOMPARE(journey.macroCount(Chess), before + 1);
-    restingView(journey);
+    journey.restingView();
     journey.click(tile(0));
     QTRY_COMPARE(journey.setting("lastProfile"), journey.idOf(Chess));
-    QTRY_VERIFY(restingView(journey) == filled);
+    QTRY_VERIFY(journey.restingView() == filled);
     QVERIFY(journey.savePicture("whole-way-7-undone.png"));
 
     QVERIFY(journey.restart());
     QTRY_VERIFY(restingHome(journey) == device);
     journey.click(ViewButton);
-    QTRY_VERIFY(restingView(journey) == filled);
+    QTRY_VERIFY(journey.restingView() == filled);
     QVERIFY(journey.savePicture("whole-way-8-next-day.png"));
     QCOMPARE(journey.storedNames(), QStringList({Chess, Default}));
-    QCOMPARE(stored(journey, Default, "G1"), QString("2"));
-    QCOMPARE(stored(journey, Chess, "G3"), QString("A"));
+    QCOMPARE(journey.commandOn("M1 G1", Default), QString("2"));
+    QCOMPARE(journey.commandOn("M1 G3", Chess), QString("A"));
     QCOMPARE(journey.macroCount(Chess), before + 1);
     QVERIFY(journey.end());
 }

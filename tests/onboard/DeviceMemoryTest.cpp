@@ -1,5 +1,6 @@
 #include <DeviceFolder.h>
 #include <DeviceMemory.h>
+#include <FullDisk.h>
 #include <TestCase.h>
 
 #include <QElapsedTimer>
@@ -24,6 +25,9 @@ private Q_SLOTS:
     void documentLargerThanTheMemoryIsNotRead();
     void foldersAndOtherFilesAreNoDocuments();
     void changesAreCarriedOut();
+    void documentThatCantBeRemovedIsToldAndHoldsUpNoOther();
+    void documentThatIsNotWrittenWholeReplacesNothing_data();
+    void documentThatIsNotWrittenWholeReplacesNothing();
     void leftoversOfABrokenWriteGo();
     void memoryTakesItsTimeUnlessItMustHurry();
     void memoryThatIsPulledOutKeepsTheOldDocument();
@@ -95,6 +99,52 @@ void DeviceMemoryTest::changesAreCarriedOut()
     QCOMPARE(content("a.xml"), QByteArray(5000, 'n'));
     QCOMPARE(content("c.xml"), QByteArray("new"));
     QVERIFY(!QFile::exists(path("b.xml")));
+}
+
+void DeviceMemoryTest::documentThatCantBeRemovedIsToldAndHoldsUpNoOther()
+{
+    // A folder that holds something does not go like a document.
+    DeviceFolder::write(path("a.xml/inner"), "x");
+    DeviceFolder::write(path("b.xml"), "x");
+    DeviceMemory::Changes changes;
+    changes.removed = QStringList({"a.xml", "b.xml"});
+    changes.written["c.xml"] = "has room";
+    DeviceMemory::Contents contents = memory().write(changes, m_noHurry);
+    QVERIFY(!contents.removalError.isEmpty());
+    QCOMPARE(contents.error, QString());
+    QVERIFY(!QFile::exists(path("b.xml")));
+    QCOMPARE(content("c.xml"), QByteArray("has room"));
+
+    DeviceFolder::write(path("d.xml"), QByteArray(Capacity + 10, 'x'));
+    changes.written["c.xml"] = "has no room any more";
+    contents = memory().write(changes, m_noHurry);
+    QCOMPARE(contents.error, QString("what can't be removed takes the room"));
+    QCOMPARE(content("c.xml"), QByteArray("has room"));
+
+    // Nothing wants the room.
+    changes.written.clear();
+    contents = memory().write(changes, m_noHurry);
+    QVERIFY(!contents.removalError.isEmpty());
+    QCOMPARE(contents.error, QString());
+}
+
+void DeviceMemoryTest::documentThatIsNotWrittenWholeReplacesNothing_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::newRow("large document") << 60000;
+    // It waits in a buffer until the file is closed.
+    QTest::newRow("small document") << 1000;
+}
+
+void DeviceMemoryTest::documentThatIsNotWrittenWholeReplacesNothing()
+{
+    QFETCH(const int, size);
+    DeviceFolder::write(path("a.xml"), "old");
+    DeviceMemory::Changes changes;
+    changes.written["a.xml"] = QByteArray(size, 'n');
+    const FullDisk disk(200);
+    QVERIFY(!memory().write(changes, m_noHurry).error.isEmpty());
+    QCOMPARE(content("a.xml"), QByteArray("old"));
 }
 
 void DeviceMemoryTest::leftoversOfABrokenWriteGo()

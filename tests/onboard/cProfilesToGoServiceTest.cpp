@@ -24,7 +24,6 @@ private Q_SLOTS:
     void unchangedProfilesAreNotWrittenAgain();
     void profileOnTheDeviceIsCopiedBack();
     void copiesOnADeviceHaveNamesOfTheirOwn();
-    void deletedProfileLeavesTheDevice();
     void allDevicesAreCommittedAndAwaited();
     void commitOfABusyDeviceFollows();
     void userIsNotKeptWaiting();
@@ -34,20 +33,11 @@ private Q_SLOTS:
     void spaceCountsWhatIsStillToBeWritten();
     void failedWriteIsReported();
 
-    void pulledDeviceIsSurvived();
-    void pulledDeviceTakesNothing();
-    void profileThatWasDeletedMeanwhileGoesWhenTheDeviceComesBack();
-    void profileThatWasDeletedMeanwhileStaysAwayAfterARestart_data();
-    void profileThatWasDeletedMeanwhileStaysAwayAfterARestart();
-    void profileThatWasDeletedWhileItIsWrittenLeavesTheDevice();
-    void undoneDeletionLeavesTheProfileOnTheDevice();
-    void deviceBroughtFromElsewhereBringsItsProfiles();
     void idleDeviceLeavesUnwrittenProfilesMarked();
 
     void damagedDocumentsStayUntilTheyAreRemoved_data();
     void damagedDocumentsStayUntilTheyAreRemoved();
     void sameProfileTwiceIsToldAndKept();
-    void fileInPlaceOfTheMemoryIsAMissingDevice();
     void secondProcessWritesNothing();
     void unknownDevice();
 };
@@ -176,24 +166,6 @@ void cProfilesToGoServiceTest::copiesOnADeviceHaveNamesOfTheirOwn()
     QCOMPARE(profiles().getProfileName(copyToMouse(Local)), QString("Local (2)"));
 }
 
-void cProfilesToGoServiceTest::deletedProfileLeavesTheDevice()
-{
-    const QString doomed = copyToMouse(Local);
-    const QString other = copyToMouse(Local);
-    memories().commitDevice(Mouse);
-    waitUntilIdle();
-    profiles().setProfileScript(other, "print(3)");
-    takeEvents();
-    QVERIFY(profiles().deleteProfileByID(doomed));
-    waitUntilIdle();
-    QCOMPARE(takeEvents(), QStringList({"Busy The Mouse " + Mouse + " writing", "Idle " + Mouse}));
-    QCOMPARE(documents(), QStringList({ProfileStore::fileName(other)}));
-    // Nobody asked for the other one to be written.
-    QVERIFY(profiles().isProfileToGoDirty(other));
-    QVERIFY(profiles().deleteProfileByID(Local));
-    QCOMPARE(takeEvents(), QStringList());
-}
-
 void cProfilesToGoServiceTest::allDevicesAreCommittedAndAwaited()
 {
     copyToMouse(Local);
@@ -320,157 +292,6 @@ void cProfilesToGoServiceTest::failedWriteIsReported()
     QCOMPARE(takeProblems(), QStringList());
 }
 
-void cProfilesToGoServiceTest::pulledDeviceIsSurvived()
-{
-    stop();
-    setSpeed(8192);
-    start();
-    waitUntilIdle();
-    const QString copy = copyToMouse(Local);
-    grow(copy, 8000);
-    takeEvents();
-    memories().commitDevice(Mouse);
-    QElapsedTimer timer;
-    timer.start();
-    // In the middle of its second.
-    QTRY_VERIFY(timer.elapsed() > 300);
-    QVERIFY(memories().isDeviceBusyWriting(Mouse));
-    QVERIFY(QFile::rename(memoryPath(), awayPath()));
-    waitUntilIdle();
-    QTRY_VERIFY(!service().isConnected(Mouse));
-    QCOMPARE(takeEvents(), QStringList({"Busy The Mouse " + Mouse + " writing", "Idle " + Mouse}));
-    const QStringList problems = takeProblems();
-    QCOMPARE(problems.size(), 1);
-    QVERIFY2(
-        problems[0].contains("it was disconnected. They are kept on this computer"), qPrintable(problems[0]));
-    QVERIFY(profiles().isProfileToGoDirty(copy));
-    QCOMPARE(memories().memoryUsed(Mouse), 0);
-
-    QVERIFY(QFile::rename(awayPath(), memoryPath()));
-    QTRY_VERIFY(service().isConnected(Mouse));
-    waitUntilIdle();
-    memories().commitDevice(Mouse);
-    waitUntilIdle();
-    QVERIFY(!profiles().isProfileToGoDirty(copy));
-    QCOMPARE(QDir(memoryPath()).entryList(QDir::Files), documents());
-    QCOMPARE(takeProblems(), QStringList());
-}
-
-void cProfilesToGoServiceTest::pulledDeviceTakesNothing()
-{
-    service().setConnected(Mouse, false);
-    QVERIFY(!service().isConnected(Mouse));
-    QVERIFY(!memories().isSpaceAvailable(Mouse, {Local}));
-    copyToMouse(Local);
-    memories().commitDevice(Mouse);
-    QCOMPARE(takeEvents(), QStringList());
-    QCOMPARE(takeProblems(),
-        QStringList({"The Mouse is not connected. Its profiles are kept on this computer; write them when it "
-                     "is back."}));
-    QVERIFY(!QFile::exists(memoryPath()));
-    // It is still away after a restart.
-    restart();
-    QVERIFY(!service().isConnected(Mouse));
-    service().setConnected(Mouse, true);
-    QVERIFY(service().isConnected(Mouse));
-    waitUntilIdle();
-    memories().commitDevice(Mouse);
-    waitUntilIdle();
-    QCOMPARE(documents().size(), 1);
-}
-
-void cProfilesToGoServiceTest::profileThatWasDeletedMeanwhileGoesWhenTheDeviceComesBack()
-{
-    const QString doomed = copyToMouse(Local);
-    memories().commitDevice(Mouse);
-    waitUntilIdle();
-    service().setConnected(Mouse, false);
-    QVERIFY(profiles().deleteProfileByID(doomed));
-    service().setConnected(Mouse, true);
-    QTRY_COMPARE(documents(), QStringList());
-    QVERIFY(profiles().getProfileByID(doomed).isNull());
-    QCOMPARE(takeProblems(), QStringList());
-}
-
-void cProfilesToGoServiceTest::profileThatWasDeletedMeanwhileStaysAwayAfterARestart_data()
-{
-    QTest::addColumn<bool>("isAwaySinceTheStart");
-    QTest::newRow("pulled since") << false;
-    QTest::newRow("away since the start") << true;
-}
-
-void cProfilesToGoServiceTest::profileThatWasDeletedMeanwhileStaysAwayAfterARestart()
-{
-    QFETCH(bool, isAwaySinceTheStart);
-    const QString doomed = copyToMouse(Local);
-    const QString other = copyToMouse(Local);
-    memories().commitDevice(Mouse);
-    waitUntilIdle();
-    service().setConnected(Mouse, false);
-    if (isAwaySinceTheStart)
-        restart();
-    QVERIFY(profiles().deleteProfileByID(doomed));
-    restart();
-    // As long as it takes.
-    restart();
-    service().setConnected(Mouse, true);
-    QTRY_COMPARE(documents(), QStringList({ProfileStore::fileName(other)}));
-    waitUntilIdle();
-    QVERIFY(profiles().getProfileByID(doomed).isNull());
-    QVERIFY(!profiles().getProfileByID(other).isNull());
-    QCOMPARE(takeProblems(), QStringList());
-    // The next restart has nothing left to do.
-    QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
-}
-
-void cProfilesToGoServiceTest::profileThatWasDeletedWhileItIsWrittenLeavesTheDevice()
-{
-    const QString doomed = copyToMouse(Local);
-    memories().commitDevice(Mouse);
-    QVERIFY(memories().isDeviceBusyWriting(Mouse));
-    QVERIFY(profiles().deleteProfileByID(doomed));
-    waitUntilIdle();
-    QTRY_COMPARE(documents(), QStringList());
-    QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
-}
-
-void cProfilesToGoServiceTest::undoneDeletionLeavesTheProfileOnTheDevice()
-{
-    const QString copy = copyToMouse(Local);
-    memories().commitDevice(Mouse);
-    waitUntilIdle();
-    service().setConnected(Mouse, false);
-    QCoreApplication::processEvents();
-    QVERIFY(profiles().deleteProfileByID(copy));
-    QCoreApplication::processEvents();
-    profileService().undo();
-    restart();
-    service().setConnected(Mouse, true);
-    waitUntilIdle();
-    QCOMPARE(documents(), QStringList({ProfileStore::fileName(copy)}));
-    QVERIFY(!profiles().getProfileByID(copy).isNull());
-    QVERIFY(!QFile::exists(memoryPath() + ".deleted"));
-}
-
-void cProfilesToGoServiceTest::deviceBroughtFromElsewhereBringsItsProfiles()
-{
-    stop();
-    DeviceFolder::write(memoryPath("foreign.xml"),
-        "<profiles version=\"1\"><profile uid=\"{F}\" name=\"Foreign\" deviceid=\"another\">"
-        "<description>Brought along</description></profile></profiles>");
-    start();
-    EventLog events;
-    waitUntilIdle();
-    QCOMPARE(events.take(), QStringList({"ProfileAdded {F}", "ProfilePropertyChanged {F}"}));
-    QCOMPARE(profiles().getProfileName("{F}"), QString("Foreign"));
-    QCOMPARE(profiles().getProfileDeviceId("{F}"), Mouse);
-    QVERIFY(profiles().isProfileToGoDirty("{F}"));
-    memories().commitDevice(Mouse);
-    waitUntilIdle();
-    QCOMPARE(documents(), QStringList({"foreign.xml"}));
-    QVERIFY(!profiles().isProfileToGoDirty("{F}"));
-}
-
 void cProfilesToGoServiceTest::idleDeviceLeavesUnwrittenProfilesMarked()
 {
     const QString written = copyToMouse(Local);
@@ -542,20 +363,6 @@ void cProfilesToGoServiceTest::sameProfileTwiceIsToldAndKept()
     memories().commitDevice(Mouse);
     waitUntilIdle();
     QCOMPARE(documents(), QStringList({"a.xml", "b.xml"}));
-}
-
-void cProfilesToGoServiceTest::fileInPlaceOfTheMemoryIsAMissingDevice()
-{
-    stop();
-    QVERIFY(QDir(memoryPath()).removeRecursively());
-    DeviceFolder::write(memoryPath(), "a file");
-    start();
-    QVERIFY(!service().isConnected(Mouse));
-    copyToMouse(Local);
-    memories().commitDevice(Mouse);
-    QCOMPARE(takeProblems().size(), 1);
-    service().setConnected(Mouse, true);
-    QCOMPARE(takeProblems(), QStringList({"The Mouse can't be connected."}));
 }
 
 void cProfilesToGoServiceTest::secondProcessWritesNothing()

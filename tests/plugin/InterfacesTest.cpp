@@ -6,6 +6,7 @@
 #include <IMacroType.h>
 #include <IPlugin.h>
 #include <IPluginHost.h>
+#include <IProfileBar.h>
 #include <IServiceMgr.h>
 #include <TestCase.h>
 
@@ -73,6 +74,8 @@ void InterfacesTest::pluginInterfacesHaveNoVirtualDestructor()
     QVERIFY(!std::has_virtual_destructor_v<IPlugin>);
     QVERIFY(!std::has_virtual_destructor_v<IPluginHost>);
     QVERIFY(!std::has_virtual_destructor_v<IServiceMgr>);
+    // The caller keeps its bar.
+    QVERIFY(!std::has_virtual_destructor_v<IProfileBar>);
 }
 
 void InterfacesTest::virtualFunctionsStandInOrder()
@@ -95,6 +98,13 @@ void InterfacesTest::virtualFunctionsStandInOrder()
                  InvokeWithResult(&IServiceMgr::invoke), &IServiceMgr::subscribe, &IServiceMgr::unsubscribe,
                  &IServiceMgr::publish),
         consecutive(0, 9));
+
+    QCOMPARE(
+        offsetsOf(&IProfileBar::graphicsItem, &IProfileBar::profileList, &IProfileBar::addProfile,
+            &IProfileBar::setDeviceFilter, &IProfileBar::setTileDragEnabled, &IProfileBar::setDropsEnabled,
+            &IProfileBar::selectedProfileIds, &IProfileBar::currentProfileId, &IProfileBar::setButtons,
+            &IProfileBar::setMenuOptions, &IProfileBar::searchFrame),
+        consecutive(0, 11));
 
     // Those that derive from a class of Qt begin behind its functions.
     QCOMPARE(offsetsOf(&IFeatureView::init, &IFeatureView::deinit, &IFeatureView::activate,

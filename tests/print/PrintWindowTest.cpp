@@ -4,6 +4,7 @@
 #include <cProfileMgrService.h>
 #include <cProfilePrinter.h>
 #include <Fakes.h>
+#include <FullDisk.h>
 #include <IServiceMgr.h>
 #include <PrintWindow.h>
 #include <RealLook.h>
@@ -11,6 +12,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QPrintPreviewWidget>
 #include <QProcess>
@@ -58,6 +60,7 @@ private Q_SLOTS:
     void manyKeysGoOnOnTheNextPage();
     void pagesAreTurned();
     void documentThatCanNotBeWrittenIsReported();
+    void documentThatDoesNotFitOnTheDiskReplacesNothing();
 
 private:
     /// Assigns a command to each third key in each mode.
@@ -306,6 +309,23 @@ void PrintWindowTest::documentThatCanNotBeWrittenIsReported()
     PrintWindow* const window = openWindow(K13Category);
     QVERIFY(!window->savePdf("/nonexistent/folder/page.pdf").isEmpty());
     QVERIFY(!window->savePdf(m_folder->path()).isEmpty());
+}
+
+void PrintWindowTest::documentThatDoesNotFitOnTheDiskReplacesNothing()
+{
+    PrintWindow* const window = openWindow(K13Category);
+    QVERIFY(window->savePdf(path("page.pdf")).isEmpty());
+    const qint64 size = QFileInfo(path("page.pdf")).size();
+    QFile old(path("page.pdf"));
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
+    old.close();
+    {
+        // Its last byte has no room.
+        const FullDisk disk {rlim_t(size - 1)};
+        QVERIFY(!window->savePdf(path("page.pdf")).isEmpty());
+    }
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), QByteArray("old"));
 }
 
 VELTRANO_TEST_MAIN(PrintWindowTest)

@@ -39,6 +39,8 @@ public:
     QStringList formats;
     QByteArray payload;
     Qt::DropActions possible;
+    const QObject* source = nullptr;
+    QImage picture;
     bool dropped = false;
 
 protected:
@@ -48,6 +50,10 @@ protected:
         formats = event->mimeData()->formats();
         payload = event->mimeData()->data(DragFormats::Profiles);
         possible = event->possibleActions();
+        source = event->source();
+        // While it runs it is the application's.
+        if (const auto* drag = qApp->findChild<QDrag*>())
+            picture = drag->pixmap().toImage();
         dropped = true;
         event->acceptProposedAction();
     }
@@ -174,6 +180,9 @@ void ProfileDragTest::selectedTilesAreDragged()
 {
     Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
     strip.list.setTileDragEnabled(true);
+    // The first icon that there is goes along.
+    strip.tile("Alpha")->setProfileIcon(QPixmap());
+    strip.tile("Beta")->setProfileIcon(filledPicture(48, 48, Qt::red));
     Window window(&strip.list);
     auto* const target = new Target(&window);
     target->setGeometry(100, 140, 100, 100);
@@ -191,6 +200,8 @@ void ProfileDragTest::selectedTilesAreDragged()
     QVERIFY(target->payload.contains("{Alpha}") && target->payload.contains("{Beta}"));
     QCOMPARE(started.size(), 1);
     QCOMPARE(target->possible, Qt::DropActions(Qt::CopyAction));
+    QCOMPARE(target->source, &strip.list);
+    QVERIFY(isFilled(target->picture, QRect(0, 0, 48, 48), Qt::red));
     QCOMPARE(strip.list.cursor().shape(), Qt::ArrowCursor);
 }
 

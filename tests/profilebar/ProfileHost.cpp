@@ -54,6 +54,14 @@ QString ProfileHost::idOf(const QString& name)
     return name == QLatin1String("Default") ? QString(FixedIds::DefaultProfile) : '{' + name + '}';
 }
 
+QStringList ProfileHost::someNames(int count)
+{
+    QStringList names {"Default"};
+    for (int i = 1; i < count; ++i)
+        names.append(QString("P%1").arg(i, 3, 10, QChar('0')));
+    return names.mid(0, count);
+}
+
 void ProfileHost::answerProfiles()
 {
     const auto ask = [this](const QString& operation, auto answer) {

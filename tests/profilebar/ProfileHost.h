@@ -36,6 +36,8 @@ public:
     ~ProfileHost();
 
     static QString idOf(const QString& name);
+    /// So many names, "Default" first.
+    static QStringList someNames(int count);
 
     /// Stores a profile without an event.
     HostProfile& put(const QString& name, const QString& deviceId = QString());

@@ -13,14 +13,6 @@ namespace {
 
 const QString Tip = QStringLiteral("Create new profile");
 
-QStringList profileNames(int count)
-{
-    QStringList names {"Default"};
-    for (int i = 1; i < count; ++i)
-        names.append(QString("P%1").arg(i));
-    return names.mid(0, count);
-}
-
 void moveTo(cProfileList& list, const QPoint& pos)
 {
     QMouseEvent move(QEvent::MouseMove, pos, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
@@ -65,7 +57,7 @@ void ProfileWellsTest::wellsBehindTheTilesTakeMovesAndPresses_data()
 void ProfileWellsTest::wellsBehindTheTilesTakeMovesAndPresses()
 {
     QFETCH(int, count);
-    Strip strip(profileNames(count));
+    Strip strip(ProfileHost::someNames(count));
     QSignalSpy asked(&strip.list, SIGNAL(newProfile()));
     QCOMPARE(strip.list.hasMouseTracking(), count < 6);
     for (int well = 0; well < 6; ++well) {
@@ -186,7 +178,7 @@ void ProfileWellsTest::unclickableWells()
 
 void ProfileWellsTest::trackingFollowsTheNumberOfTiles()
 {
-    Strip strip(profileNames(5));
+    Strip strip(ProfileHost::someNames(5));
     QVERIFY(strip.list.hasMouseTracking());
     moveTo(strip.list, Strip::wellCenter(5));
     QCOMPARE(strip.tip(), Tip);
@@ -229,7 +221,7 @@ void ProfileWellsTest::wellsAreDrawnInAllSixPlaces()
     };
     Strip empty({});
     QCOMPARE(inkOf(empty), QRect(8, 17, 5 * 68 + 54, 54));
-    Strip full(profileNames(6));
+    Strip full(ProfileHost::someNames(6));
     QCOMPARE(inkOf(full), QRect());
     Strip searching({"Default"});
     searching.list.onSearch("Def");
@@ -238,7 +230,7 @@ void ProfileWellsTest::wellsAreDrawnInAllSixPlaces()
 
 void ProfileWellsTest::tilesStandOnTheirWells()
 {
-    Strip strip(profileNames(5));
+    Strip strip(ProfileHost::someNames(5));
     for (int i = 0; i < 5; ++i)
         QCOMPARE(strip.list.itemWidget(strip.list.item(i))->geometry(), QRect(3 + i * 68, 3, 62, 88));
 }

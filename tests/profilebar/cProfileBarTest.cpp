@@ -1,148 +1,38 @@
-#include "ProfileHost.h"
+#include "Bar.h"
+#include "ColorPictures.h"
 
-#include <cGraphicsButton.h>
+#include <cGraphicsMenuButton.h>
 #include <cGraphicsRibbonButton.h>
 #include <cGraphicsText.h>
-#include <cGraphicsTextButton.h>
-#include <cProfileBar.h>
-#include <cProfileList.h>
 #include <cSearchBox.h>
-#include <DialogDriver.h>
-#include <EditProfileDialog.h>
-#include <GameDatabase.h>
 #include <MenuDriver.h>
 #include <MetaMembers.h>
-#include <ScanForGamesDialog.h>
 #include <SceneEvents.h>
 #include <TestCase.h>
+#include <TestPictures.h>
 
-#include <QAction>
-#include <QActionGroup>
-#include <QDir>
-#include <QFileDialog>
+#include <QFont>
+#include <QFontMetrics>
 #include <QFrame>
-#include <QGraphicsScene>
-#include <QGraphicsView>
-#include <QLineEdit>
-#include <QScopeGuard>
-#include <QScrollBar>
+#include <QGuiApplication>
+#include <QPen>
+#include <QScreen>
 #include <QSignalSpy>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include <memory>
 #include <utility>
-
-namespace {
-
-/// A bar in a scene, with its list in a frame as large as in the view.
-class Bar
-{
-    Q_DISABLE_COPY(Bar)
-
-public:
-    explicit Bar(const QStringList& names = {"Alpha", "Default"}, const QString& last = "Alpha")
-        : host(names)
-    {
-        host.settings["profiler/lastProfile"] = ProfileHost::idOf(last);
-        bar = new cProfileBar(QRectF(0, 0, 593, 96), "{before}", nullptr);
-        scene.addItem(bar);
-        list.reset(bar->profileList());
-        list->setFixedSize(404, 103);
-        list->setFrameShape(QFrame::NoFrame);
-        list->show();
-        QCoreApplication::processEvents();
-        host.clear();
-    }
-
-    template<typename Item>
-    QList<Item*> children() const
-    {
-        QList<Item*> found;
-        for (QGraphicsItem* item : bar->childItems()) {
-            if (auto* wanted = dynamic_cast<Item*>(item))
-                found.append(wanted);
-        }
-        return found;
-    }
-    cGraphicsRibbonButton& newButton() const { return *children<cGraphicsRibbonButton>().at(0); }
-    cGraphicsButton& importButton() const { return *children<cGraphicsTextButton>().at(0); }
-    cGraphicsButton& printButton() const { return *children<cGraphicsTextButton>().at(1); }
-    cGraphicsButton& arrow(int x) const
-    {
-        for (cGraphicsButton* button : children<cGraphicsButton>()) {
-            if (button->pos() == QPointF(x, 22))
-                return *button;
-        }
-        qFatal("no arrow");
-    }
-    cGraphicsButton& left() const { return arrow(143); }
-    cGraphicsButton& right() const { return arrow(579); }
-    bool call(const char* slot) const { return QMetaObject::invokeMethod(bar, slot); }
-
-    ProfileHost host;
-    QGraphicsScene scene;
-    /// The scene's.
-    cProfileBar* bar = nullptr;
-    std::unique_ptr<cProfileList> list;
-};
-
-QStringList manyNames(int count)
-{
-    QStringList names {"Default"};
-    for (int i = 1; i < count; ++i)
-        names.append(QString("P%1").arg(i, 3, 10, QChar('0')));
-    return names.mid(0, count);
-}
-
-/// Looks at the next file dialog and answers it.
-class FileChoice
-{
-public:
-    /// No path cancels.
-    explicit FileChoice(const QString& path = QString())
-        : m_driver([this, path](QDialog& dialog) {
-            auto& files = *qobject_cast<QFileDialog*>(&dialog);
-            title = files.windowTitle();
-            folder = files.directory().absolutePath();
-            filters = files.nameFilters();
-            mode = files.acceptMode();
-            hasParent = dialog.parentWidget() != nullptr;
-            if (path.isEmpty())
-                return;
-            files.findChild<QLineEdit*>("fileNameEdit")->setText(path);
-            QMetaObject::invokeMethod(&files, "accept");
-        })
-    { }
-
-    bool hasRun() const { return m_driver.hasRun(); }
-
-    QString title;
-    QString folder;
-    QStringList filters;
-    QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
-    bool hasParent = true;
-
-private:
-    DialogDriver m_driver;
-};
-
-QString desktop()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
-}
-
-} // namespace
 
 class cProfileBarTest : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void membersAreReachableByName();
     void comesUpInOrder();
     void titleButtonsAndArrowsStandInPlace();
+    void titleIsWrittenInItsFont();
+    void picturesStandInTheButtons_data();
+    void picturesStandInTheButtons();
     void paintsNothing();
     void hoverIsPassedOn();
 
@@ -151,34 +41,9 @@ private Q_SLOTS:
     void barThatGoesDuringItsEvents();
     void signalsOfTheListArePassedOn();
 
-    void newButtonOpensTheDialog();
-    void wellOpensTheDialog();
-    void scanOpensTheDialog();
-    void newMenu();
-    void newMenuCopiesProfiles();
-    void menusOpenOnTheCanvas();
-    void importMenu();
-    void missingWindowIsLogged_data();
-    void missingWindowIsLogged();
     void printAndSilentSave();
     void sorting();
-
     void droppedCommandsAreCopied();
-
-    void importAsksForAFile_data();
-    void importAsksForAFile();
-    void exportAsksForAFile_data();
-    void exportAsksForAFile();
-    void exportTakesWhatIsCurrentWhenTheFileIsChosen();
-    void exportWithoutADesktopEmptiesTheSetting();
-    void barThatGoesDuringAFileDialog();
-
-    void fewTilesShowNoArrows_data();
-    void fewTilesShowNoArrows();
-    void arrowsFollowThePlace();
-    void arrowsScrollByOneTile();
-    void arrowsFadeWhenTilesComeAndGo();
-    void valueIsThatOfTheScrollBar();
 
     void buttonsBySet_data();
     void buttonsBySet();
@@ -186,13 +51,6 @@ private Q_SLOTS:
     void searchFrameFiltersTheList();
     void listMayGoFirst();
 };
-
-void cProfileBarTest::initTestCase()
-{
-    TestCase::initTestCase();
-    QStandardPaths::setTestModeEnabled(true);
-    QDir().mkpath(desktop());
-}
 
 void cProfileBarTest::membersAreReachableByName()
 {
@@ -260,6 +118,101 @@ void cProfileBarTest::titleButtonsAndArrowsStandInPlace()
     for (const QGraphicsItem* item : on.newButton().childItems())
         tips.append(item->toolTip());
     QVERIFY(tips.contains("Create new profile"));
+}
+
+void cProfileBarTest::titleIsWrittenInItsFont()
+{
+    const Bar on;
+    const cGraphicsText& title = *on.children<cGraphicsText>().at(0);
+    // On one line, in plain Arial of 15 points at 96 dots per inch.
+    QFont font("Arial");
+    font.setWeight(50);
+    font.setPointSizeF(15 * 96.0 / QGuiApplication::primaryScreen()->logicalDotsPerInchX());
+    const QSize size = QFontMetrics(font).size(Qt::TextSingleLine, title.text());
+    QCOMPARE(title.boundingRect().size().toSize().height(), size.height());
+    QVERIFY(qAbs(title.boundingRect().width() - size.width()) <= 2);
+}
+
+namespace {
+
+using ButtonOf = cGraphicsButton& (*)(const Bar&);
+
+/// The main button of the ribbon, or the arrow in the strip under it.
+cGraphicsButton& partOfRibbon(const Bar& on, bool isStrip)
+{
+    on.newButton().showMenu(true);
+    for (QGraphicsItem* part : on.newButton().childItems()) {
+        if (isStrip == (dynamic_cast<cGraphicsMenuButton*>(part) != nullptr)) {
+            auto* const shown = isStrip ? part->childItems().constFirst() : part;
+            return dynamic_cast<cGraphicsButton&>(*shown);
+        }
+    }
+    qFatal("no such part");
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(ButtonOf)
+
+void cProfileBarTest::picturesStandInTheButtons_data()
+{
+    QTest::addColumn<QString>("normal");
+    QTest::addColumn<QString>("hover");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<ButtonOf>("buttonOf");
+    // In the scene, for a bar at its origin.
+    QTest::addColumn<QRect>("place");
+    // In the middle of 27 pixels, 5 below the upper edge.
+    QTest::newRow("new") << "icon_new_normal.png"
+                         << "icon_new_hover.png" << QSize(21, 20)
+                         << ButtonOf(
+                                [](const Bar& on) -> cGraphicsButton& { return partOfRibbon(on, false); })
+                         << QRect(-6 + 3, 54 + 5, 21, 20);
+    QTest::newRow("menu of new") << "pointer_down_up.png"
+                                 << "pointer_down_hover.png" << QSize(9, 6)
+                                 << ButtonOf([](const Bar& on) -> cGraphicsButton& {
+                                        return partOfRibbon(on, true);
+                                    })
+                                 << QRect(-6 + 9, 54 + 31 + 2, 9, 6);
+    QTest::newRow("import") << "folder_normal.png"
+                            << "folder_hover.png" << QSize(21, 20)
+                            << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.importButton(); })
+                            << QRect(27 + 3, 54 + 5, 21, 20);
+    QTest::newRow("print") << "print_profile.png"
+                           << "print_profile_hover.png" << QSize(21, 20)
+                           << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.printButton(); })
+                           << QRect(59 + 3, 54 + 5, 21, 20);
+    // The arrows have one picture alone.
+    QTest::newRow("left") << "pointer_left_large.png" << QString() << QSize(12, 46)
+                          << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.left(); })
+                          << QRect(143, 22, 12, 46);
+    QTest::newRow("right") << "pointer_right_large.png" << QString() << QSize(12, 46)
+                           << ButtonOf([](const Bar& on) -> cGraphicsButton& { return on.right(); })
+                           << QRect(579, 22, 12, 46);
+}
+
+void cProfileBarTest::picturesStandInTheButtons()
+{
+    QFETCH(QString, normal);
+    QFETCH(QString, hover);
+    QFETCH(QSize, size);
+    QFETCH(ButtonOf, buttonOf);
+    QFETCH(QRect, place);
+    ColorPictures pictures;
+    pictures.add(qPrintable(normal), size.width(), size.height(), Qt::red);
+    if (!hover.isEmpty())
+        pictures.add(qPrintable(hover), size.width(), size.height(), Qt::green);
+    const Bar on({"Alpha", "Default"}, "Alpha", pictures.path());
+    cGraphicsButton& button = buttonOf(on);
+    const auto extent = [&](const QColor& color) {
+        const QRect found = colorExtent(SceneEvents::painted(button, QSize(60, 60)), color);
+        return found.isNull() ? found : found.translated(button.scenePos().toPoint());
+    };
+    QCOMPARE(extent(Qt::red), place);
+    SceneEvents::hoverEnter(button);
+    QCOMPARE(extent(hover.isEmpty() ? Qt::red : Qt::green), place);
+    SceneEvents::hoverLeave(button);
+    QCOMPARE(extent(Qt::red), place);
 }
 
 void cProfileBarTest::paintsNothing()
@@ -389,130 +342,6 @@ void cProfileBarTest::signalsOfTheListArePassedOn()
     }
 }
 
-void cProfileBarTest::newButtonOpensTheDialog()
-{
-    const Bar on;
-    QString title;
-    const DialogDriver driver([&](QDialog& dialog) {
-        QVERIFY(qobject_cast<EditProfileDialog*>(&dialog));
-        QCOMPARE(dialog.parentWidget(), &on.host.window);
-        title = dialog.windowTitle();
-    });
-    Q_EMIT on.newButton().clicked();
-    QVERIFY(driver.hasRun());
-    QCOMPARE(title, QString("New Profile"));
-}
-
-void cProfileBarTest::wellOpensTheDialog()
-{
-    const Bar on;
-    const DialogDriver driver(
-        [](QDialog& dialog) { QCOMPARE(dialog.windowTitle(), QString("New Profile")); });
-    const ExpectedMessage line(QtInfoMsg, QRegularExpression("empty profile well 4$"));
-    QTest::mouseClick(on.list->viewport(), Qt::LeftButton, {}, QPoint(4 * 68 + 30, 40));
-    QVERIFY(driver.hasRun());
-}
-
-void cProfileBarTest::scanOpensTheDialog()
-{
-    const Bar on;
-    const DialogDriver driver([&](QDialog& dialog) {
-        QVERIFY(qobject_cast<ScanForGamesDialog*>(&dialog));
-        QCOMPARE(dialog.parentWidget(), &on.host.window);
-    });
-    const GameDatabase none;
-    on.call("scanForGames");
-    QVERIFY(driver.hasRun());
-}
-
-void cProfileBarTest::newMenu()
-{
-    const Bar on({"Beta", "Default", "Rock & Roll"});
-    QStringList entries;
-    QStringList copies;
-    QPoint place;
-    const MenuDriver driver([&](QMenu& menu) {
-        entries = MenuDriver::entriesOf(menu);
-        copies = MenuDriver::entriesOf(*menu.actions().last()->menu());
-        place = menu.pos();
-        QCOMPARE(menu.parentWidget(), &on.host.window);
-    });
-    Q_EMIT on.newButton().menu(QPoint(20, 30));
-    QVERIFY(driver.hasRun());
-    QCOMPARE(entries, QStringList({"Create New Profile...", "Scan For New Games", "Copy Existing Profile"}));
-    QCOMPARE(copies, QStringList({"Beta", "Default", "Rock && Roll"}));
-    QCOMPARE(place, on.host.window.mapToGlobal(QPoint(20, 30)));
-}
-
-void cProfileBarTest::newMenuCopiesProfiles()
-{
-    Bar on({"Beta", "Default"});
-    const MenuDriver driver([&](QMenu& menu) {
-        QAction* copy = menu.actions().last()->menu()->actions().first();
-        QVERIFY(copy->actionGroup());
-        QCOMPARE(copy->data().toString(), QString("{Beta}"));
-        on.host.clear();
-        copy->trigger();
-    });
-    Q_EMIT on.newButton().menu(QPoint(20, 30));
-    QVERIFY(driver.hasRun());
-    QCOMPARE(on.host.takeRequests(), QStringList(R"(copyProfile("{Beta}"))"));
-}
-
-void cProfileBarTest::menusOpenOnTheCanvas()
-{
-    // The canvas may stand anywhere in the window.
-    Bar on;
-    auto* const canvas = new QGraphicsView(&on.scene, &on.host.window);
-    canvas->setFrameShape(QFrame::NoFrame);
-    canvas->setSceneRect(0, 0, 600, 300);
-    canvas->setGeometry(15, 40, 600, 300);
-    on.host.window.show();
-    on.bar->setPos(10, 5);
-    QPoint place;
-    const MenuDriver driver([&](QMenu& menu) { place = menu.pos(); });
-    on.call("onSaveMenuClicked");
-    QVERIFY(driver.hasRun());
-    QCOMPARE(place, on.host.window.mapToGlobal(QPoint(15 + 10 + 27, 40 + 5 + 54 + 41)));
-}
-
-void cProfileBarTest::importMenu()
-{
-    Bar on;
-    on.bar->setPos(100, 20);
-    QStringList entries;
-    QPoint place;
-    const MenuDriver driver([&](QMenu& menu) {
-        entries = MenuDriver::entriesOf(menu);
-        place = menu.pos();
-    });
-    SceneEvents::press(on.importButton());
-    QVERIFY(driver.hasRun());
-    QCOMPARE(entries, QStringList({"Import...", "Export..."}));
-    QCOMPARE(place, on.host.window.mapToGlobal(QPoint(100 + 27, 20 + 54 + 41)));
-}
-
-void cProfileBarTest::missingWindowIsLogged_data()
-{
-    QTest::addColumn<bool>("isNew");
-    QTest::newRow("new") << true;
-    QTest::newRow("import") << false;
-}
-
-void cProfileBarTest::missingWindowIsLogged()
-{
-    QFETCH(bool, isNew);
-    Bar on;
-    on.host.host.answer("window", static_cast<QWidget*>(nullptr));
-    const MenuDriver driver([](QMenu&) {});
-    const ExpectedMessage line(QtCriticalMsg, "Main Window is returning NULL window");
-    if (isNew)
-        Q_EMIT on.newButton().menu(QPoint(1, 1));
-    else
-        on.call("onSaveMenuClicked");
-    QVERIFY(!driver.hasRun());
-}
-
 void cProfileBarTest::printAndSilentSave()
 {
     Bar on;
@@ -555,240 +384,6 @@ void cProfileBarTest::droppedCommandsAreCopied()
     on.host.host.publishCurrentProfileSwitched("{Beta}");
     drop("{Beta}");
     QCOMPARE(on.host.host.takeCalls(), QStringList());
-}
-
-void cProfileBarTest::importAsksForAFile_data()
-{
-    QTest::addColumn<QString>("last");
-    QTest::addColumn<bool>("cancels");
-    QTest::newRow("first time") << QString() << false;
-    QTest::newRow("again") << QString("there") << false;
-    QTest::newRow("folder that is gone") << QString("gone") << false;
-    QTest::newRow("cancelled") << QString("there") << true;
-}
-
-void cProfileBarTest::importAsksForAFile()
-{
-    QFETCH(QString, last);
-    QFETCH(bool, cancels);
-    QTemporaryDir folder;
-    QDir(folder.path()).mkpath("there");
-    QDir(folder.path()).mkpath("other");
-    const QString path = folder.filePath("other/100% %1.lgp");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    Bar on;
-    if (!last.isEmpty())
-        on.host.settings["profiler/lastimportdir"] = folder.filePath(last);
-    FileChoice choice(cancels ? QString() : path);
-    on.call("onMenuImportProfile");
-    QVERIFY(choice.hasRun());
-    QCOMPARE(choice.title, QString("Import Profile"));
-    QVERIFY(!choice.hasParent);
-    QCOMPARE(choice.filters, QStringList({"Game Profiles (*.lgp *.xml)", "All Files (*)"}));
-    QCOMPARE(choice.mode, QFileDialog::AcceptOpen);
-    if (last == "there")
-        QCOMPARE(choice.folder, folder.filePath("there"));
-    QStringList calls {QString("getPropertyString(\"profiler/lastimportdir\", \"%1\")").arg(desktop())};
-    if (!cancels) {
-        calls += QString("importProfile(\"%1\")").replace("%1", path);
-        calls +=
-            QString("setPropertyString(\"profiler/lastimportdir\", \"%1\")").arg(folder.filePath("other"));
-    }
-    QCOMPARE(on.host.host.takeCalls(), calls);
-}
-
-void cProfileBarTest::exportAsksForAFile_data()
-{
-    QTest::addColumn<QString>("last");
-    QTest::addColumn<bool>("cancels");
-    // Whether the setting is emptied before the dialog opens.
-    QTest::addColumn<bool>("empties");
-    QTest::newRow("first time") << QString() << false << false;
-    QTest::newRow("again") << QString("there") << false << false;
-    QTest::newRow("empty setting") << QString("") << false << false;
-    QTest::newRow("folder that is gone") << QString("gone") << false << true;
-    QTest::newRow("file instead of a folder") << QString("file") << true << true;
-    QTest::newRow("cancelled") << QString("there") << true << false;
-    QTest::newRow("gone and cancelled") << QString("gone") << true << true;
-}
-
-void cProfileBarTest::exportAsksForAFile()
-{
-    QFETCH(QString, last);
-    QFETCH(bool, cancels);
-    QFETCH(bool, empties);
-    QTemporaryDir folder;
-    QDir(folder.path()).mkpath("there");
-    QDir(folder.path()).mkpath("other");
-    QFile file(folder.filePath("file"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    const QString path = folder.filePath("other/profile.xml");
-    Bar on({"Alpha", "Beta", "Default"});
-    if (!last.isNull())
-        on.host.settings["profiler/lastexportdir"] = last.isEmpty() ? QString("") : folder.filePath(last);
-    FileChoice choice(cancels ? QString() : path);
-    // From a tile's menu as well as from the bar's.
-    Q_EMIT on.list->exportProfile();
-    QVERIFY(choice.hasRun());
-    QCOMPARE(choice.title, QString("Export Profile"));
-    QVERIFY(!choice.hasParent);
-    QCOMPARE(choice.filters, QStringList({"Game Profiles (*.xml)", "All Files (*)"}));
-    QCOMPARE(choice.mode, QFileDialog::AcceptSave);
-    QCOMPARE(choice.folder, last == "there" ? folder.filePath("there") : desktop());
-    QStringList calls {QString("getPropertyString(\"profiler/lastexportdir\", \"%1\")").arg(desktop())};
-    if (empties)
-        calls += R"(setPropertyString("profiler/lastexportdir", ""))";
-    if (!cancels) {
-        calls += QString("exportProfile(\"{Alpha}\", \"%1\")").arg(path);
-        calls +=
-            QString("setPropertyString(\"profiler/lastexportdir\", \"%1\")").arg(folder.filePath("other"));
-    }
-    QCOMPARE(on.host.host.takeCalls(), calls);
-}
-
-void cProfileBarTest::exportTakesWhatIsCurrentWhenTheFileIsChosen()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath("profile.xml");
-    Bar on({"Alpha", "Beta", "Default"});
-    const DialogDriver driver([&](QDialog& dialog) {
-        on.host.host.publishCurrentProfileSwitched("{Beta}");
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    on.call("onMenuExportProfile");
-    QVERIFY(driver.hasRun());
-    QVERIFY(on.host.takeRequests().contains(QString("exportProfile(\"{Beta}\", \"%1\")").arg(path)));
-}
-
-void cProfileBarTest::exportWithoutADesktopEmptiesTheSetting()
-{
-    // A person's folder in which nothing is.
-    const QTemporaryDir home;
-    const QByteArray before = qgetenv("HOME");
-    const auto restore = qScopeGuard([&] { qputenv("HOME", before); });
-    qputenv("HOME", QFile::encodeName(home.path()));
-    QVERIFY(!QDir(desktop()).exists());
-    Bar on;
-    on.host.settings["profiler/lastexportdir"] = QString("");
-    const FileChoice choice;
-    on.call("onMenuExportProfile");
-    QVERIFY(choice.hasRun());
-    QCOMPARE(on.host.host.takeCalls(),
-        QStringList({QString("getPropertyString(\"profiler/lastexportdir\", \"%1\")").arg(desktop()),
-            R"(setPropertyString("profiler/lastexportdir", ""))"}));
-}
-
-void cProfileBarTest::barThatGoesDuringAFileDialog()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath("profile.xml");
-    Bar on;
-    const DialogDriver driver([&](QDialog& dialog) {
-        delete on.bar;
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    on.call("onMenuExportProfile");
-    QVERIFY(driver.hasRun());
-    // What the user asked for is done all the same.
-    QVERIFY(on.host.takeRequests().contains(QString("exportProfile(\"{Alpha}\", \"%1\")").arg(path)));
-}
-
-void cProfileBarTest::fewTilesShowNoArrows_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("scrolls");
-    for (int count = 0; count <= 8; ++count)
-        QTest::newRow(qPrintable(QString::number(count))) << count << (count > 6);
-}
-
-void cProfileBarTest::fewTilesShowNoArrows()
-{
-    QFETCH(int, count);
-    QFETCH(bool, scrolls);
-    const Bar on(manyNames(count), "Default");
-    QCOMPARE(on.list->horizontalScrollBar()->isVisible(), scrolls);
-    QCOMPARE(on.list->horizontalScrollBar()->maximum() > 0, scrolls);
-    QTRY_COMPARE(on.right().opacity(), scrolls ? 1.0 : 0.0);
-    QCOMPARE(on.left().opacity(), 0.0);
-}
-
-void cProfileBarTest::arrowsFollowThePlace()
-{
-    const Bar on(manyNames(20), "Default");
-    QScrollBar& scrollBar = *on.list->horizontalScrollBar();
-    const auto showArrows = [&](double left, double right) {
-        return QTest::qWaitFor([&] { return on.left().opacity() == left && on.right().opacity() == right; });
-    };
-    QVERIFY(showArrows(0, 1));
-    scrollBar.setValue(1);
-    QVERIFY(showArrows(1, 1));
-    scrollBar.setValue(scrollBar.maximum() - 1);
-    QVERIFY(showArrows(1, 1));
-    scrollBar.setValue(scrollBar.maximum());
-    QVERIFY(showArrows(1, 0));
-    // To and fro faster than the fade: the last word counts.
-    scrollBar.setValue(0);
-    QTest::qWait(20);
-    scrollBar.setValue(scrollBar.maximum() / 2);
-    QVERIFY(showArrows(1, 1));
-    scrollBar.setValue(0);
-    QVERIFY(showArrows(0, 1));
-}
-
-void cProfileBarTest::arrowsScrollByOneTile()
-{
-    const Bar on(manyNames(20), "Default");
-    QScrollBar& scrollBar = *on.list->horizontalScrollBar();
-    QCOMPARE(scrollBar.singleStep(), 68);
-    SceneEvents::press(on.right());
-    QVERIFY(scrollBar.value() < 68);
-    QTRY_COMPARE(scrollBar.value(), 68);
-    SceneEvents::press(on.right());
-    QTRY_COMPARE(scrollBar.value(), 136);
-    SceneEvents::press(on.left());
-    QTRY_COMPARE(scrollBar.value(), 68);
-    // At the ends it stays inside.
-    SceneEvents::press(on.left());
-    QTRY_COMPARE(scrollBar.value(), 0);
-    SceneEvents::press(on.left());
-    QTest::qWait(250);
-    QCOMPARE(scrollBar.value(), 0);
-    // A second press on the way starts where the first has got to.
-    SceneEvents::press(on.right());
-    QTRY_VERIFY(scrollBar.value() > 20);
-    const int reached = scrollBar.value();
-    SceneEvents::press(on.right());
-    QTRY_VERIFY(scrollBar.value() >= reached + 60);
-    // The list may go while it runs.
-    SceneEvents::press(on.right());
-}
-
-void cProfileBarTest::arrowsFadeWhenTilesComeAndGo()
-{
-    Bar on(manyNames(6), "Default");
-    QCOMPARE(on.right().opacity(), 0.0);
-    on.host.add("More", "device");
-    QTRY_COMPARE(on.right().opacity(), 1.0);
-    on.host.remove("{More}");
-    QTRY_COMPARE(on.right().opacity(), 0.0);
-    // A search leaves few.
-    on.host.add("More", "device");
-    QTRY_COMPARE(on.right().opacity(), 1.0);
-    on.list->onSearch("more");
-    QTRY_COMPARE(on.right().opacity(), 0.0);
-    on.list->onSearch(QString());
-    QTRY_COMPARE(on.right().opacity(), 1.0);
-}
-
-void cProfileBarTest::valueIsThatOfTheScrollBar()
-{
-    const Bar on(manyNames(20), "Default");
-    QVERIFY(on.bar->setProperty("value", 77));
-    QCOMPARE(on.list->horizontalScrollBar()->value(), 77);
-    QCOMPARE(on.bar->property("value").toInt(), 77);
 }
 
 void cProfileBarTest::buttonsBySet_data()

@@ -1,7 +1,7 @@
 #include "Strip.h"
 
+#include <cCustomStyle.h>
 #include <cProfileItem.h>
-#include <cProfileList.h>
 #include <FixedIds.h>
 #include <MetaMembers.h>
 #include <PluginContext.h>
@@ -9,7 +9,6 @@
 #include <TestPictures.h>
 
 #include <QElapsedTimer>
-#include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextDocument>
@@ -23,7 +22,7 @@ const QString Default = FixedIds::DefaultProfile;
 
 } // namespace
 
-/// The tiles, the selection and the current profile.
+/// The tiles, and which of them is current at the start.
 class cProfileListTest : public TestCase
 {
     Q_OBJECT
@@ -38,32 +37,13 @@ private Q_SLOTS:
     void hostWithoutAnArrayLeavesItEmpty();
     void noProfileToFallBackToKeepsTheSetting();
 
-    void clickMakesCurrentAndPublishes();
-    void secondClickOnTheCurrentPublishesNothing();
-    void selectionWithTheCurrentKeepsIt();
-    void deselectedCurrentStaysMarked();
-    void selectingOthersMakesTheFirstCurrent();
-    void selectProfileFindsItsRow();
-    void selectProfileKeepsWhatAnArrivalFoundSelected();
-    void listThatGoesWhileItTells();
-
     void tilesAreSortedByName();
-    void addedProfileIsSelected();
-    void addedProfileOfADeviceIsNot();
-    void addedProfileHasTheIdOfItsEvent();
-    void vanishedProfileIsNotAdded();
-    void renamedProfileMovesAndStaysCurrent();
-    void changedPropertyAsksForTheIcon();
-    void eventsForUnknownProfilesAreIgnored();
-
-    void deletionByTheHost_data();
-    void deletionByTheHost();
-    void deletionOfADeselectedCurrentMakesTheNextCurrent();
-    void placeOfTheCurrentFollowsTheTiles();
-
     void iconsAre48Wide();
     void namesOfAllKinds_data();
     void namesOfAllKinds();
+    void hoverOfATileIsTheLists();
+    void tileDragIsHandedToEachTile();
+    void currentIsScrolledIntoSight();
     void fiveHundredProfiles();
 };
 
@@ -97,6 +77,7 @@ void cProfileListTest::subscribesForItsLife()
         QCOMPARE(list.verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
         QCOMPARE(list.horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
         QCOMPARE(list.property("uiType").toString(), QString("MacroOrProfileList"));
+        QVERIFY(qobject_cast<cCustomStyle*>(list.style()));
         QCOMPARE(list.horizontalScrollBar()->contextMenuPolicy(), Qt::NoContextMenu);
     }
     QCOMPARE(on.host.takeLog(), QStringList("unsubscribe ProfileMgr_Events"));
@@ -173,126 +154,6 @@ void cProfileListTest::noProfileToFallBackToKeepsTheSetting()
     QVERIFY(strip.list.selectedProfileIds().isEmpty());
 }
 
-void cProfileListTest::clickMakesCurrentAndPublishes()
-{
-    Strip strip({"Alpha", "Beta", "Default"});
-    QSignalSpy selected(&strip.list, SIGNAL(selectedProfile(const QString&)));
-    strip.click("Beta");
-    QCOMPARE(strip.current(), QStringList("Beta"));
-    QCOMPARE(strip.selected(), QStringList("Beta"));
-    QCOMPARE(selected, QList<QVariantList>({{"{Beta}"}}));
-    QCOMPARE(
-        strip.host.takeRequests(), QStringList(R"(setPropertyString("profiler/lastProfile", "{Beta}"))"));
-    QCOMPARE(strip.host.takeEvents(), QStringList("ProfileSelectionChange "));
-}
-
-void cProfileListTest::secondClickOnTheCurrentPublishesNothing()
-{
-    Strip strip({"Alpha", "Default"}, "Alpha");
-    strip.click("Alpha");
-    QCOMPARE(strip.host.host.takeLog(), QStringList());
-    QCOMPARE(strip.current(), QStringList("Alpha"));
-}
-
-void cProfileListTest::selectionWithTheCurrentKeepsIt()
-{
-    Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
-    strip.click("Default", Qt::ControlModifier);
-    QCOMPARE(strip.selected(), QStringList({"Alpha", "Default"}));
-    QCOMPARE(strip.current(), QStringList("Alpha"));
-    QCOMPARE(strip.host.host.takeLog(), QStringList());
-    strip.click("Beta", Qt::ControlModifier);
-    QCOMPARE(strip.selected(), QStringList({"Alpha", "Beta", "Default"}));
-    // Taking the current one out makes another selected one current.
-    strip.click("Alpha", Qt::ControlModifier);
-    QCOMPARE(strip.current().size(), 1);
-    QVERIFY(strip.selected().contains(strip.current().first()));
-    QVERIFY(strip.current().first() != "Alpha");
-}
-
-void cProfileListTest::deselectedCurrentStaysMarked()
-{
-    Strip strip({"Alpha", "Default"}, "Alpha");
-    strip.click("Alpha", Qt::ControlModifier);
-    QVERIFY(strip.selected().isEmpty());
-    QCOMPARE(strip.current(), QStringList("Alpha"));
-    QCOMPARE(strip.host.host.takeLog(), QStringList());
-    QTest::qWait(20);
-    QCOMPARE(strip.current(), QStringList("Alpha"));
-}
-
-void cProfileListTest::selectingOthersMakesTheFirstCurrent()
-{
-    Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
-    strip.list.clearSelection();
-    strip.list.selectionModel()->select(
-        QItemSelection(strip.list.model()->index(1, 0), strip.list.model()->index(2, 0)),
-        QItemSelectionModel::Select);
-    QCOMPARE(strip.current(), QStringList("Beta"));
-    QCOMPARE(strip.host.takeEvents(), QStringList("ProfileSelectionChange "));
-}
-
-void cProfileListTest::selectProfileFindsItsRow()
-{
-    Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
-    strip.list.selectProfile("{nobody}");
-    QCOMPARE(strip.host.host.takeLog(), QStringList());
-    strip.list.selectProfile("{Beta}");
-    QCOMPARE(strip.current(), QStringList("Beta"));
-    strip.list.selectRow(17);
-    QCOMPARE(strip.current(), QStringList());
-    strip.list.selectRow(-1);
-    QCOMPARE(strip.current(), QStringList());
-}
-
-void cProfileListTest::selectProfileKeepsWhatAnArrivalFoundSelected()
-{
-    Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
-    // The list moves on as lists of several do: what was selected when a row came stays so.
-    strip.host.add("Device", "device-1");
-    strip.list.selectProfile("{Beta}");
-    QCOMPARE(strip.current(), QStringList("Beta"));
-    QCOMPARE(strip.selected(), QStringList({"Alpha", "Beta"}));
-    QCOMPARE(
-        strip.host.takeRequests(), QStringList(R"(setPropertyString("profiler/lastProfile", "{Beta}"))"));
-}
-
-namespace {
-
-/// Takes the list away when it says which profile is current.
-class Remover : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit Remover(cProfileList* list)
-        : m_list(list)
-    {
-        connect(list, SIGNAL(selectedProfile(const QString&)), SLOT(remove()));
-    }
-
-private Q_SLOTS:
-    void remove() { delete m_list; }
-
-private:
-    QPointer<cProfileList> m_list;
-};
-
-} // namespace
-
-void cProfileListTest::listThatGoesWhileItTells()
-{
-    ProfileHost on({"Alpha", "Default"});
-    const QPointer<cProfileList> list(new cProfileList);
-    list->populate();
-    const Remover remover(list);
-    on.clear();
-    list->selectProfile("{Alpha}");
-    QVERIFY(!list);
-    // What the user chose is remembered all the same.
-    QCOMPARE(on.settings["profiler/lastProfile"], QString("{Alpha}"));
-}
-
 void cProfileListTest::tilesAreSortedByName()
 {
     Strip strip({"beta", "Alpha", "gamma"});
@@ -304,138 +165,6 @@ void cProfileListTest::tilesAreSortedByName()
     QCOMPARE(strip.names(), QStringList({"gamma", "delta", "beta", "Alpha"}));
     QCOMPARE(strip.list.profileName(9), QString());
     QVERIFY(strip.list.profileId(-1).isNull());
-}
-
-void cProfileListTest::addedProfileIsSelected()
-{
-    Strip strip({"Alpha", "Default"}, "Alpha");
-    strip.host.add("Beta");
-    QCOMPARE(strip.current(), QStringList("Beta"));
-    QCOMPARE(strip.selected(), QStringList("Beta"));
-    QCOMPARE(
-        strip.host.takeRequests(), QStringList(R"(setPropertyString("profiler/lastProfile", "{Beta}"))"));
-}
-
-void cProfileListTest::addedProfileOfADeviceIsNot()
-{
-    Strip strip({"Alpha", "Default"}, "Alpha");
-    strip.host.add("Beta", "mouse-1");
-    QCOMPARE(strip.names(), QStringList({"Alpha", "Beta", "Default"}));
-    QCOMPARE(strip.current(), QStringList("Alpha"));
-    QCOMPARE(strip.tile("Beta")->deviceId(), QString("mouse-1"));
-    QCOMPARE(strip.host.takeRequests(), QStringList());
-}
-
-void cProfileListTest::addedProfileHasTheIdOfItsEvent()
-{
-    Strip strip({"Alpha"}, "Alpha");
-    cJsonValue record;
-    record["name"] = "Beta";
-    strip.host.host.answer("getProfileByID", record);
-    strip.host.host.publishProfileAdded("{Beta}");
-    QCOMPARE(strip.list.profileId(1), QString("{Beta}"));
-    QCOMPARE(strip.list.selectedProfileIds(), QStringList("{Beta}"));
-}
-
-void cProfileListTest::vanishedProfileIsNotAdded()
-{
-    Strip strip({"Alpha"}, "Alpha");
-    strip.host.host.publishProfileAdded("{gone}");
-    QCOMPARE(strip.names(), QStringList("Alpha"));
-}
-
-void cProfileListTest::renamedProfileMovesAndStaysCurrent()
-{
-    Strip strip({"Alpha", "Beta", "Default"}, "Alpha");
-    strip.host.rename("{Alpha}", "Zulu");
-    QCOMPARE(strip.names(), QStringList({"Beta", "Default", "Zulu"}));
-    QCOMPARE(strip.selected(), QStringList("Alpha"));
-    QCOMPARE(strip.list.profileId(2), QString("{Alpha}"));
-    QCOMPARE(strip.host.takeRequests(), QStringList());
-    const auto* tile = qobject_cast<cProfileItem*>(strip.list.itemWidget(strip.list.item(2)));
-    QCOMPARE(tile->name(), QString("Zulu"));
-    QCOMPARE(tile->toolTip(), QString("Zulu"));
-}
-
-void cProfileListTest::changedPropertyAsksForTheIcon()
-{
-    Strip strip({"Alpha"}, "Alpha");
-    strip.host.profile("{Alpha}").icon = filledPicture(48, 48, Qt::red);
-    strip.host.host.publishProfilePropertyChanged("{Alpha}");
-    QCOMPARE(strip.host.host.takeCalls(),
-        QStringList({R"(getProfileByID("{Alpha}"))", R"(profileIcon("{Alpha}"))"}));
-    QVERIFY(isFilled(strip.tile("Alpha")->icon().toImage(), QRect(0, 0, 48, 48), Qt::red));
-}
-
-void cProfileListTest::eventsForUnknownProfilesAreIgnored()
-{
-    Strip strip({"Alpha"}, "Alpha");
-    strip.host.host.publishProfilePropertyChanged("{nobody}");
-    strip.host.host.publishProfileDeleted("{nobody}");
-    QCOMPARE(strip.names(), QStringList("Alpha"));
-    QCOMPARE(strip.current(), QStringList("Alpha"));
-    QCOMPARE(strip.host.takeRequests(), QStringList());
-}
-
-void cProfileListTest::deletionByTheHost_data()
-{
-    QTest::addColumn<QString>("current");
-    QTest::addColumn<QString>("deleted");
-    QTest::addColumn<QStringList>("next");
-    QTest::newRow("first") << "A"
-                           << "A" << QStringList("B");
-    QTest::newRow("in the middle") << "B"
-                                   << "B" << QStringList("C");
-    QTest::newRow("last") << "D"
-                          << "D" << QStringList("C");
-    QTest::newRow("before the current") << "C"
-                                        << "A" << QStringList("C");
-    QTest::newRow("behind the current") << "C"
-                                        << "D" << QStringList("C");
-}
-
-void cProfileListTest::deletionByTheHost()
-{
-    QFETCH(QString, current);
-    QFETCH(QString, deleted);
-    QFETCH(QStringList, next);
-    Strip strip({"A", "B", "C", "D"}, current);
-    strip.host.remove(ProfileHost::idOf(deleted));
-    QTRY_COMPARE(strip.current(), next);
-    QCOMPARE(strip.selected(), next);
-    QCOMPARE(strip.list.count(), 3);
-    // One profile changed hands at most once.
-    QCOMPARE(strip.host.takeRequests().size(), current == deleted ? 1 : 0);
-    QTest::qWait(10);
-    QCOMPARE(strip.host.takeRequests().size(), 0);
-}
-
-void cProfileListTest::deletionOfADeselectedCurrentMakesTheNextCurrent()
-{
-    Strip strip({"A", "B", "C"}, "B");
-    strip.click("B", Qt::ControlModifier);
-    strip.host.remove("{B}");
-    QTRY_COMPARE(strip.current(), QStringList("C"));
-    // And of the only one nothing is left.
-    strip.host.remove("{A}");
-    strip.host.remove("{C}");
-    QTest::qWait(10);
-    QCOMPARE(strip.list.count(), 0);
-    QVERIFY(strip.list.selectedProfileIds().isEmpty());
-    strip.host.add("New");
-    QCOMPARE(strip.current(), QStringList("New"));
-}
-
-void cProfileListTest::placeOfTheCurrentFollowsTheTiles()
-{
-    Strip strip({"C", "D", "E", "F", "G"}, "E");
-    strip.host.remove("{C}");
-    strip.host.put("A", "device");
-    strip.host.host.publishProfileAdded("{A}");
-    strip.host.rename("{D}", "X");
-    QCOMPARE(strip.names(), QStringList({"A", "E", "F", "G", "X"}));
-    strip.host.remove("{E}");
-    QTRY_COMPARE(strip.current(), QStringList("F"));
 }
 
 void cProfileListTest::iconsAre48Wide()
@@ -488,6 +217,65 @@ void cProfileListTest::namesOfAllKinds()
         QCOMPARE(QTextDocumentFragment::fromHtml(tile->toolTip()).toPlainText(), name);
     else
         QCOMPARE(tile->toolTip(), name);
+}
+
+void cProfileListTest::hoverOfATileIsTheLists()
+{
+    const Strip strip({"Alpha"}, "Alpha");
+    QSignalSpy in(&strip.list, SIGNAL(hoverIn()));
+    QSignalSpy out(&strip.list, SIGNAL(hoverOut()));
+    QVERIFY(QMetaObject::invokeMethod(strip.tile("Alpha"), "hoverIn"));
+    QCOMPARE(in.size(), 1);
+    // Who leaves a tile is on the list still.
+    QVERIFY(QMetaObject::invokeMethod(strip.tile("Alpha"), "hoverOut"));
+    QCOMPARE(out.size(), 0);
+}
+
+void cProfileListTest::tileDragIsHandedToEachTile()
+{
+    Strip strip({"Alpha", "Beta"}, "Alpha");
+    // A tile that can be dragged closes the hand.
+    const auto draggable = [&strip] {
+        QStringList found;
+        for (const QString& name : strip.names()) {
+            cProfileItem* const tile = strip.tile(name);
+            tile->setCursor(Qt::ArrowCursor);
+            QTest::mousePress(tile, Qt::LeftButton);
+            if (tile->cursor().shape() == Qt::ClosedHandCursor)
+                found.append(name);
+            QTest::mouseRelease(tile, Qt::LeftButton);
+        }
+        return found;
+    };
+    QCOMPARE(draggable(), QStringList());
+    strip.list.setTileDragEnabled(true);
+    QCOMPARE(draggable(), QStringList({"Alpha", "Beta"}));
+    strip.host.add("Gamma");
+    QCOMPARE(draggable(), QStringList({"Alpha", "Beta", "Gamma"}));
+    strip.list.setTileDragEnabled(false);
+    strip.host.add("Delta");
+    QCOMPARE(draggable(), QStringList());
+}
+
+void cProfileListTest::currentIsScrolledIntoSight()
+{
+    Strip strip(ProfileHost::someNames(20), "Default");
+    const auto isInSight = [&strip](const QString& name) {
+        const QRect tile = strip.list.visualItemRect(strip.list.item(strip.names().indexOf(name)));
+        // Qt leaves out the last column of pixels.
+        return tile.left() >= 0 && tile.right() <= strip.list.viewport()->width();
+    };
+    QVERIFY(isInSight("Default") && !isInSight("P019"));
+    strip.list.selectProfile(ProfileHost::idOf("P019"));
+    QVERIFY(isInSight("P019") && !isInSight("Default"));
+    strip.list.horizontalScrollBar()->setValue(0);
+    QVERIFY(!isInSight("P019"));
+    strip.list.ensureCurrentVisible();
+    QVERIFY(isInSight("P019"));
+    // Without any tile there is nothing to do.
+    Strip empty({});
+    empty.list.ensureCurrentVisible();
+    QCOMPARE(empty.list.horizontalScrollBar()->value(), 0);
 }
 
 void cProfileListTest::fiveHundredProfiles()

@@ -132,8 +132,9 @@ void cProfilerWidgetFactoryTest::twoBarsAreIndependent()
     QVERIFY(one.bar != other.bar);
     QVERIFY(one.item != other.item);
     QVERIFY(one.list != other.list);
-    QStringList subscriptions = on.host.takeLog().filter("subscribe ProfileMgr_Events");
-    QCOMPARE(subscriptions.size(), 4);
+    const QStringList log = on.host.takeLog();
+    QCOMPARE(log.filter("subscribe ProfileMgr_Events").size(), 4);
+    QCOMPARE(log.filter(" profiles()").size(), 2);
     static_cast<cProfileList*>(one.list.get())->selectProfile("{Alpha}");
     QCOMPARE(one.bar->currentProfileId(), QString("{Alpha}"));
     QCOMPARE(other.bar->currentProfileId(), ProfileHost::idOf("Default"));

@@ -37,29 +37,16 @@ private:
 } // namespace
 
 FakeType::FakeType(const QString& uid, const QStringList& controlTypes, int priority, bool isPrivate)
-    : m_uid(uid)
-    , m_controlTypes(controlTypes)
+    : PlainMacroType(
+        [&] {
+            cJsonValue info = infoWith(controlTypes);
+            info["uid"] = uid;
+            info["displayname"] = uid;
+            return info;
+        }(),
+        isPrivate)
     , m_priority(priority)
-    , m_isPrivate(isPrivate)
 { }
-
-cJsonValue FakeType::info()
-{
-    cJsonValue info;
-    info["uid"] = m_uid;
-    info["displayname"] = m_uid;
-    for (const QString& each : qAsConst(m_controlTypes)) {
-        cJsonValue type;
-        type["control_type"] = each;
-        info["control_types"].append(type);
-    }
-    return info;
-}
-
-IMacroEditor* FakeType::editor(cJsonValue)
-{
-    return nullptr;
-}
 
 cJsonValue FakeType::XmlToJson(QDomElement macroDataDomElement)
 {
@@ -74,11 +61,6 @@ QDomElement FakeType::JsonToXml(QDomDocument doc, cJsonValue macro)
     QDomElement element = doc.createElement(QStringLiteral("fake"));
     element.setAttribute(QStringLiteral("function"), macro["data"]["function"].toString());
     return element;
-}
-
-cPlayStatePtr FakeType::createPlayState(cJsonValue)
-{
-    return {};
 }
 
 FakeDevices::FakeDevices()

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <IDevMgr.h>
-#include <IMacroType.h>
 #include <IMainUI.h>
 #include <ISettings.h>
+#include <PlainMacroType.h>
 
 #include <QDomDocument>
 #include <QMap>
@@ -12,29 +12,18 @@
 #include <functional>
 
 /// A command type whose commands fit the given control types and whose data is written as one <fake> element.
-class FakeType : public IMacroType
+class FakeType : public PlainMacroType
 {
-    Q_OBJECT
-
 public:
     FakeType(const QString& uid, const QStringList& controlTypes, int priority = 0, bool isPrivate = false);
 
-    cJsonValue info() override;
-    IMacroEditor* editor(cJsonValue macroData) override;
     /// Null for any other element than <fake>.
     cJsonValue XmlToJson(QDomElement macroDataDomElement) override;
     QDomElement JsonToXml(QDomDocument doc, cJsonValue macro) override;
-    cPlayStatePtr createPlayState(cJsonValue macro) override;
-    bool isRepeatable() override { return true; }
-    bool isPrivate() override { return m_isPrivate; }
-    bool isFixedName() override { return false; }
     int getPriority() override { return m_priority; }
 
 private:
-    QString m_uid;
-    QStringList m_controlTypes;
     int m_priority = 0;
-    bool m_isPrivate = false;
 };
 
 /// Devices that are described by the manifests in a document's root.

@@ -1,5 +1,4 @@
-#include "FullDisk.h"
-
+#include <FullDisk.h>
 #include <ProfileBackups.h>
 #include <ProfileDocument.h>
 #include <TestCase.h>
@@ -26,6 +25,8 @@ private Q_SLOTS:
     void backupHoldsTheDocumentsAsTheyWere();
     void emptyFolderNeedsNoBackup();
     void oneADayIsDue();
+    void dayIsThatOfTheUsersClock_data();
+    void dayIsThatOfTheUsersClock();
     void newestTwentyOfEachSortAreKept();
     void backupsOfOneSecondAreToldApart();
     void unchangedDocumentsShareAFile();
@@ -138,6 +139,36 @@ void ProfileBackupsTest::oneADayIsDue()
     QVERIFY(!m_backups->isDailyDue());
     m_now = m_now.addDays(1);
     QVERIFY(m_backups->isDailyDue());
+}
+
+void ProfileBackupsTest::dayIsThatOfTheUsersClock_data()
+{
+    QTest::addColumn<QByteArray>("zone");
+    for (const char* zone : {"UTC", "XST-13", "XST+8"})
+        QTest::newRow(zone) << QByteArray(zone);
+}
+
+void ProfileBackupsTest::dayIsThatOfTheUsersClock()
+{
+    QFETCH(const QByteArray, zone);
+    const bool wasSet = qEnvironmentVariableIsSet("TZ");
+    const QByteArray before = qgetenv("TZ");
+    qputenv("TZ", zone);
+    const auto at = [](int day, const QTime& time) {
+        return QDateTime(QDate(2026, 3, day), time, Qt::LocalTime).toUTC();
+    };
+    m_now = at(1, QTime(0, 0));
+    const QString failure = m_backups->make(Reason::Daily);
+    const bool isDueAtOnce = m_backups->isDailyDue();
+    m_now = at(1, QTime(23, 59, 59));
+    const bool isDueInTheEvening = m_backups->isDailyDue();
+    m_now = at(2, QTime(0, 0));
+    const bool isDueTheNextDay = m_backups->isDailyDue();
+    wasSet ? qputenv("TZ", before) : qunsetenv("TZ");
+    QCOMPARE(failure, QString());
+    QVERIFY(!isDueAtOnce);
+    QVERIFY(!isDueInTheEvening);
+    QVERIFY(isDueTheNextDay);
 }
 
 void ProfileBackupsTest::newestTwentyOfEachSortAreKept()

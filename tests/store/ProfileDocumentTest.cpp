@@ -1,7 +1,10 @@
 #include "RandomProfiles.h"
 
+#include <IElementReader.h>
+#include <PlainMacroType.h>
 #include <ProfileDocument.h>
 #include <TestCase.h>
+#include <XmlElement.h>
 
 namespace {
 
@@ -23,11 +26,9 @@ QByteArray wrapped(const QByteArray& content)
 }
 
 /// A type whose data is one number in an attribute.
-class NumberType : public IMacroType
+class NumberType : public PlainMacroType
 {
 public:
-    cJsonValue info() override { return {}; }
-    IMacroEditor* editor(cJsonValue) override { return nullptr; }
     cJsonValue XmlToJson(QDomElement element) override
     {
         cJsonValue data;
@@ -42,11 +43,20 @@ public:
         element.setAttribute(QStringLiteral("also"), 1);
         return element;
     }
-    cPlayStatePtr createPlayState(cJsonValue) override { return {}; }
-    bool isRepeatable() override { return true; }
-    bool isPrivate() override { return false; }
-    bool isFixedName() override { return false; }
-    int getPriority() override { return 0; }
+};
+
+/// The same, read without a DOM.
+class StreamedNumberType : public NumberType, public IElementReader
+{
+public:
+    cJsonValue XmlToJson(QDomElement) override { return {}; }
+    cJsonValue read(const XmlElement& element) const override
+    {
+        cJsonValue data;
+        if (element.name == QLatin1String("number"))
+            data["number"] = element.attribute(QLatin1String("value"))->toInt();
+        return data;
+    }
 };
 
 MacroTypeLookup numberType()
@@ -67,6 +77,7 @@ private Q_SLOTS:
     void randomProfilesComeBackAsTheyWere();
     void equalContentMakesEqualBytes();
     void knownTypeReadsAndWritesItsElement();
+    void typeThatReadsElementsIsShownNoDom();
     void elementsOfUnknownTypesAreKept_data();
     void elementsOfUnknownTypesAreKept();
     void unknownElementsAndAttributesAreKept();
@@ -123,6 +134,18 @@ void ProfileDocumentTest::knownTypeReadsAndWritesItsElement()
     QCOMPARE(result.profiles.front().macros.front()["data"]["number"].toInt(), 7);
     // Attributes stand in the order of their names, whatever order the type made them in.
     QVERIFY(write(result.profiles.front(), numberType()).contains("<number also=\"1\" value=\"7\"/>"));
+}
+
+void ProfileDocumentTest::typeThatReadsElementsIsShownNoDom()
+{
+    const cMacroTypePtr type(new StreamedNumberType);
+    const QByteArray document =
+        wrapped("<macros><macro uid=\"{2}\"><data><number value=\"7\"/></data></macro>"
+                "<macro uid=\"{3}\"><data><other b=\"1\" a=\"2\"> t </other></data></macro></macros>");
+    const ReadResult result = read(document, [&](const QString&) { return type; });
+    QCOMPARE(result.error, QString());
+    QCOMPARE(result.profiles.front().macros[0]["data"]["number"].toInt(), 7);
+    QVERIFY(write(result.profiles.front()).contains("<data><other a=\"2\" b=\"1\"> t </other></data>"));
 }
 
 void ProfileDocumentTest::elementsOfUnknownTypesAreKept_data()

@@ -1,6 +1,7 @@
-#include "FullDisk.h"
 #include "RandomProfiles.h"
 
+#include <FullDisk.h>
+#include <OrdinaryUser.h>
 #include <ProfileDocument.h>
 #include <ProfileStore.h>
 #include <TestCase.h>
@@ -84,6 +85,8 @@ private Q_SLOTS:
     void secondDocumentOfAnIdIsSetAside();
     void newDocumentKeepsClearOfAForeignFile();
     void folderThatCantBeMadeIsReported();
+    void profilesInAReadOnlyFolderAreRead();
+    void folderThatBecomesReadOnlyKeepsItsDocuments();
     void failedWriteIsReportedOnceAndTriedAgain();
     void fullDiskKeepsTheOldDocument_data();
     void fullDiskKeepsTheOldDocument();
@@ -305,6 +308,51 @@ void ProfileStoreTest::folderThatCantBeMadeIsReported()
     shelf.put(namedProfile(Id1, "P"));
     QVERIFY(!shelf.store.writeNow());
     QVERIFY(shelf.store.hasUnwritten());
+}
+
+void ProfileStoreTest::profilesInAReadOnlyFolderAreRead()
+{
+    {
+        Shelf shelf(m_folder);
+        shelf.put(namedProfile(Id1, "P"));
+    }
+    const OrdinaryUser user(m_directory->path());
+    if (OrdinaryUser::isAdministrator())
+        QSKIP("The administrator may write anywhere");
+    const ReadOnlyFolder folder(m_folder);
+    Shelf shelf(m_folder);
+    QVERIFY(shelf.store.isReadOnly());
+    QCOMPARE(shelf.store.readAll().size(), std::size_t(1));
+    QVERIFY(shelf.lastProblem().contains(QStringLiteral("can't be written to")));
+    shelf.put(namedProfile(Id1, "Changed"));
+    QVERIFY(!shelf.store.writeNow());
+    QVERIFY(shelf.store.hasUnwritten());
+    QCOMPARE(readFile(ProfileStore::fileName(Id1)), document(Id1, "P"));
+}
+
+void ProfileStoreTest::folderThatBecomesReadOnlyKeepsItsDocuments()
+{
+    Shelf shelf(m_folder);
+    shelf.put(namedProfile(Id1, "P"));
+    shelf.put(namedProfile(Id2, "Doomed"));
+    QVERIFY(shelf.store.writeNow());
+    const OrdinaryUser user(m_directory->path());
+    if (OrdinaryUser::isAdministrator())
+        QSKIP("The administrator may write anywhere");
+    shelf.put(namedProfile(Id1, "Changed"));
+    shelf.profiles.erase(Id2);
+    shelf.store.markChanged(Id2);
+    {
+        const ReadOnlyFolder folder(m_folder);
+        QVERIFY(!shelf.store.writeNow());
+        QVERIFY(!shelf.store.writeNow());
+        // One for each of the two, once.
+        QCOMPARE(shelf.problems.size(), 2);
+        QCOMPARE(readFile(ProfileStore::fileName(Id1)), document(Id1, "P"));
+    }
+    QVERIFY(shelf.store.writeNow());
+    QCOMPARE(readFile(ProfileStore::fileName(Id1)), document(Id1, "Changed"));
+    QVERIFY(!QFile::exists(path(ProfileStore::fileName(Id2))));
 }
 
 void ProfileStoreTest::failedWriteIsReportedOnceAndTriedAgain()

@@ -91,6 +91,7 @@ private Q_SLOTS:
     void indexReachesElementsOnly();
     void chainedKeysBuildNestedObjects();
     void bothSpellingsOfAKeyReachTheSameMember();
+    void keysStayApartHoweverManyThereAre();
     void appendTakesNullsAndArraysOnly();
     void deleteKeyRemovesMembersOnly();
     void clearMakesNull();
@@ -319,6 +320,24 @@ void cJsonValueTest::bothSpellingsOfAKeyReachTheSameMember()
     QCOMPARE(record["key"].toInt(), 1);
     record[""] = 3;
     QVERIFY(record.contains(""));
+    QCOMPARE(&record[""], &record[static_cast<const char*>(nullptr)]);
+}
+
+void cJsonValueTest::keysStayApartHoweverManyThereAre()
+{
+    constexpr int Count = 2000;
+    const auto key = [](int i) {
+        return QString::fromUtf8("Taste \u00fc%1").arg(i).toUtf8();
+    };
+    cJsonValue record;
+    for (int i = 0; i < Count; ++i)
+        record[key(i).constData()] = i;
+    const cJsonValue& constRecord = record;
+    for (int i = Count - 1; i >= 0; --i) {
+        QVERIFY(record.contains(key(i).constData()));
+        QCOMPARE(constRecord[key(i).constData()].toInt(), i);
+        QCOMPARE(record[QString::fromUtf8(key(i))].toInt(), i);
+    }
 }
 
 void cJsonValueTest::appendTakesNullsAndArraysOnly()

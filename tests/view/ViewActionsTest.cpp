@@ -16,6 +16,7 @@
 
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QWidget>
 
@@ -107,10 +108,15 @@ private Q_SLOTS:
 
     void scriptActionsWithoutASceneDoNothing();
     void scriptActionsReachTheBar();
+    void dialogsEndWithTheSlotThatOpensThem_data();
+    void dialogsEndWithTheSlotThatOpensThem();
+    void viewIsClosedWhileADialogIsOpen_data();
+    void viewIsClosedWhileADialogIsOpen();
 
     void sortActions();
     void sortMenu();
     void sortMenuWithoutAWindow();
+    void viewIsClosedWhileTheSortMenuIsOpen();
 };
 
 void ViewActionsTest::barStandsInItsPane()
@@ -152,8 +158,15 @@ void ViewActionsTest::framesStandOnTheCanvas()
     QCOMPARE(frame->layout()->contentsMargins(), QMargins(0, 0, 0, 0));
     QCOMPARE(frame->layout()->spacing(), 0);
     QVERIFY(qobject_cast<QHBoxLayout*>(frame->layout()));
-    QVERIFY(frame->styleSheet().startsWith("    QScrollBar:horizontal {        height: 9px;    }"));
-    QCOMPARE(frame->styleSheet().size(), 603);
+    QCOMPARE(frame->styleSheet(),
+        QString(
+            "    QScrollBar:horizontal {        height: 9px;    }    QScrollBar::handle:horizontal {        "
+            "border-image: url(MainApp:/Resources/images/slider_thumb_H_small.png);        border-left: 7px "
+            "transparent;        border-right: 7px transparent;    }    QScrollBar::add-line:horizontal, "
+            "QScrollBar::sub-line:horizontal {    height: 0px;    }    QScrollBar::sub-page:horizontal, "
+            "QScrollBar::add-page:horizontal {    background: transparent;    height: 1px;        "
+            "border-image: url(MainApp:/Resources/images/horizontal_line.png);        border-left: 1px "
+            "transparent;        border-right: 1px transparent;    }"));
     QVERIFY(frame->isVisibleTo(on.canvas.get()));
     QCOMPARE(on.profileList()->geometry(), QRect(0, 0, 404, 103));
 
@@ -181,12 +194,18 @@ void ViewActionsTest::barIsConnected()
 {
     View on;
     openWithPanes(on);
-    on.host.takeCalls();
-    for (const char* signal :
-        {"useDefaultForAllGkeys", "unassignAllGkeys", "useGenericForAllGkeys", "printProfile"}) {
-        QVERIFY(QMetaObject::invokeMethod(on.bar(), signal, Q_ARG(QString, "{B}")));
-        QVERIFY2(!on.host.takeCalls().isEmpty(), signal);
-    }
+    const auto requestsAt = [&on](const char* signal) {
+        on.takeRequests();
+        QMetaObject::invokeMethod(on.bar(), signal, Q_ARG(QString, "{B}"));
+        return on.takeRequests();
+    };
+    QCOMPARE(requestsAt("useDefaultForAllGkeys").mid(1),
+        forPlainKeys(R"(setDefaultAssignment("{B}", "pad", 0, "%1"))")
+            + QStringList(R"(cleanupBackup("{B}", "pad"))"));
+    QCOMPARE(requestsAt("useGenericForAllGkeys").mid(1),
+        forPlainKeys(R"(setGenericAssignment("{B}", "pad", "", "", false, 0, "%1"))"));
+    QCOMPARE(requestsAt("unassignAllGkeys"), forPlainKeys(R"(removeAssignment("{A}", "pad", 0, "%1"))"));
+    QCOMPARE(requestsAt("printProfile"), QStringList(R"(printProfile("{B}", "pad", ["G1", "G2", "G3"]))"));
     // The selected mode button pulsates while the pointer is on no panel.
     const QStringList pulsating = on.pulsatingModes();
     QCOMPARE(pulsating.size(), 1);
@@ -302,6 +321,63 @@ void ViewActionsTest::scriptActionsReachTheBar()
     QCOMPARE(titles, QStringList({"New Profile", "Scan For New Games"}));
 }
 
+void ViewActionsTest::dialogsEndWithTheSlotThatOpensThem_data()
+{
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<QByteArray>("dialog");
+    for (const auto& [slot, dialog] : {std::pair("newCommand", "cMacroEditor"),
+             std::pair("newProfile", "EditProfileDialog"), std::pair("scanForGames", "ScanForGamesDialog"),
+             std::pair("onAutoScanForGames", "ScanForGamesDialog")})
+        QTest::newRow(slot) << QByteArray(slot) << QByteArray(dialog);
+}
+
+void ViewActionsTest::dialogsEndWithTheSlotThatOpensThem()
+{
+    QFETCH(QByteArray, slot);
+    QFETCH(QByteArray, dialog);
+    View on;
+    openWithPanes(on);
+    const GameDatabase none;
+    QPointer<QDialog> opened;
+    const DialogDriver driver([&](QDialog& shown) {
+        opened = &shown;
+        QCOMPARE(shown.metaObject()->className(), dialog.constData());
+        QCOMPARE(shown.parentWidget(), &on.window);
+        QCOMPARE(shown.windowModality(), Qt::WindowModal);
+    });
+    QVERIFY(on.call(slot));
+    QVERIFY(driver.hasRun());
+    // At once, without an event loop.
+    QVERIFY(!opened);
+}
+
+void ViewActionsTest::viewIsClosedWhileADialogIsOpen_data()
+{
+    QTest::addColumn<QByteArray>("slot");
+    for (const char* slot : {"newProfile", "scanForGames", "onAutoScanForGames"})
+        QTest::newRow(slot) << QByteArray(slot);
+}
+
+void ViewActionsTest::viewIsClosedWhileADialogIsOpen()
+{
+    QFETCH(QByteArray, slot);
+    View on;
+    openWithPanes(on);
+    const GameDatabase none;
+    const QPointer<cProfileBar> bar(on.bar());
+    const DialogDriver driver([&](QDialog& dialog) {
+        on.view.deinit(cJsonValue(), on.canvas.get());
+        QTRY_VERIFY(!bar);
+        // It is the window's, and stays until its user is done with it.
+        QVERIFY(dialog.isVisible());
+    });
+    QVERIFY(on.call(slot));
+    QVERIFY(driver.hasRun());
+    QVERIFY(!bar);
+    openWithPanes(on);
+    QVERIFY(on.bar());
+}
+
 void ViewActionsTest::sortActions()
 {
     View on;
@@ -352,6 +428,21 @@ void ViewActionsTest::sortMenuWithoutAWindow()
     const MenuDriver driver([](QMenu&) {});
     on.call("onSortIconClicked", Q_ARG(QPoint, QPoint(30, 40)));
     QVERIFY(!driver.hasRun());
+}
+
+void ViewActionsTest::viewIsClosedWhileTheSortMenuIsOpen()
+{
+    View on;
+    on.open();
+    const MenuDriver driver([&](QMenu& menu) {
+        on.view.deinit(cJsonValue(), on.canvas.get());
+        on.host.clear();
+        menu.actions().last()->trigger();
+    });
+    QVERIFY(on.call("onSortIconClicked", Q_ARG(QPoint, QPoint(30, 40))));
+    QVERIFY(driver.hasRun());
+    QVERIFY(!on.macroList());
+    QCOMPARE(on.host.takeCalls(), QStringList());
 }
 
 VELTRANO_TEST_MAIN(ViewActionsTest)

@@ -5,15 +5,28 @@
 #include <cGraphicsText.h>
 #include <cMacroList.h>
 #include <cSearchBox.h>
+#include <DialogDriver.h>
 #include <TestCase.h>
 
+#include <QFocusEvent>
 #include <QFontMetrics>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPen>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTranslator>
+
+namespace {
+
+QWidget* searchLine(const ViewFixture& fixture)
+{
+    return fixture.commandFrame()->findChild<QLineEdit*>();
+}
+
+} // namespace
 
 /// The frame on the canvas that holds the commands, and the hint below it.
 class ViewCommandPaneTest : public TestCase
@@ -25,7 +38,11 @@ private Q_SLOTS:
     void titleStandsInTheFrame();
     void syncButtonIsReadyAndHidden();
     void newCommandButtonHasItsPicturesAndPlace();
+    void newCommandButtonOpensTheEditor();
     void searchBoxAndListHaveTheirPlaces();
+    void searchedTextReachesTheList();
+    void keysOfTheSearchBoxReachTheList_data();
+    void keysOfTheSearchBoxReachTheList();
     void listIsConnected();
     void hintFollowsTheCategory_data();
     void hintFollowsTheCategory();
@@ -122,6 +139,20 @@ void ViewCommandPaneTest::newCommandButtonHasItsPicturesAndPlace()
     QCOMPARE(connections(*button, SIGNAL(clicked(QPoint))), 0);
 }
 
+void ViewCommandPaneTest::newCommandButtonOpensTheEditor()
+{
+    ViewFixture fixture;
+    fixture.open();
+    auto* const button =
+        fixture.commandFrame()->findChild<cClickableLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(button);
+    QString title;
+    const DialogDriver driver([&title](QDialog& dialog) { title = dialog.windowTitle(); });
+    QTest::mouseClick(button, Qt::LeftButton);
+    QVERIFY(driver.hasRun());
+    QCOMPARE(title, QString("Command Editor"));
+}
+
 void ViewCommandPaneTest::searchBoxAndListHaveTheirPlaces()
 {
     ViewFixture fixture;
@@ -132,6 +163,56 @@ void ViewCommandPaneTest::searchBoxAndListHaveTheirPlaces()
     QCOMPARE(box->pos(), QPoint(-3, 31));
     QCOMPARE(box->size(), QSize(244, 28));
     QCOMPARE(fixture.macroList()->pos(), QPoint(-1, 64));
+}
+
+void ViewCommandPaneTest::searchedTextReachesTheList()
+{
+    ViewFixture fixture;
+    fixture.openWithCommands();
+    QFocusEvent focus(QEvent::FocusIn);
+    QCoreApplication::sendEvent(searchLine(fixture), &focus);
+    QTest::keyClicks(searchLine(fixture), "ru");
+    const cMacroList& list = *fixture.macroList();
+    QCOMPARE(list.isRowHidden(0), true);
+    QCOMPARE(list.isRowHidden(1), false);
+}
+
+void ViewCommandPaneTest::keysOfTheSearchBoxReachTheList_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("before");
+    // The row that is current then; -1 if the key opens the editor of the one that is.
+    QTest::addColumn<int>("after");
+    QTest::newRow("up") << int(Qt::Key_Up) << 1 << 0;
+    QTest::newRow("down") << int(Qt::Key_Down) << 0 << 1;
+    QTest::newRow("page up") << int(Qt::Key_PageUp) << 1 << 0;
+    QTest::newRow("page down") << int(Qt::Key_PageDown) << 0 << 1;
+    QTest::newRow("return") << int(Qt::Key_Return) << 1 << -1;
+    QTest::newRow("enter") << int(Qt::Key_Enter) << 1 << -1;
+    // Any other is the box's own.
+    QTest::newRow("home") << int(Qt::Key_Home) << 1 << 1;
+    QTest::newRow("end") << int(Qt::Key_End) << 0 << 0;
+    QTest::newRow("delete") << int(Qt::Key_Delete) << 0 << 0;
+}
+
+void ViewCommandPaneTest::keysOfTheSearchBoxReachTheList()
+{
+    QFETCH(int, key);
+    QFETCH(int, before);
+    QFETCH(int, after);
+    ViewFixture fixture;
+    fixture.openWithCommands();
+    cMacroList& list = *fixture.macroList();
+    list.setCurrentRow(before);
+    QSignalSpy edited(&list, SIGNAL(editMacro(cJsonValue)));
+    // The editor that this would open is not this case's affair.
+    fixture.host.answer("getMacroTypeByID", [](const RecordedCall&) { return QVariant(); });
+    fixture.host.clear();
+    QTest::keyClick(searchLine(fixture), Qt::Key(key));
+    QCoreApplication::processEvents();
+    QCOMPARE(list.currentRow(), after < 0 ? before : after);
+    QCOMPARE(edited.size(), after < 0 ? 1 : 0);
+    QCOMPARE(fixture.host.takeCalls().filter("yesno"), QStringList());
 }
 
 void ViewCommandPaneTest::listIsConnected()

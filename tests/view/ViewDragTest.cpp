@@ -71,11 +71,7 @@ void ViewDragTest::init()
         fixture.categories[profile] = QStringList("pad");
     fixture.putMacro("{P}", makeMacro("{1}", "Jump"));
     fixture.assign("{P}", "G1", "{1}");
-    fixture.canvas->setGeometry(20, 20, 980, 620);
-    fixture.canvas->setFrameShape(QFrame::NoFrame);
-    fixture.canvas->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    fixture.canvas->show();
-    QVERIFY(QTest::qWaitForWindowActive(fixture.canvas.get()));
+    QVERIFY(fixture.showOnScreen());
     fixture.open(makeManifest(TwoKeys));
     fixture.showProfile("{P}");
     fixture.host.publishProfileSelectionChanged("{P}");

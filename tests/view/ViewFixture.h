@@ -1,17 +1,13 @@
 #pragma once
 
-#include <cJsonValue.h>
+#include "DeviceHost.h"
+
 #include <cMacroBindingView.h>
-#include <IMacroType.h>
-#include <PluginFolder.h>
-#include <RecordingHost.h>
 
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 #include <QGraphicsView>
-#include <QHash>
 #include <QList>
-#include <QMap>
 #include <QMetaObject>
 #include <QString>
 #include <QStringList>
@@ -28,22 +24,9 @@ class cScalablePixmap;
 class cTooltip;
 class Gkey;
 class MagnetTextItem;
-class QDomElement;
 class QFrame;
 
-/// Three keys, three modes, no glows.
-extern const char* const PlainDevice;
-/// G1 can't be empty, G2 has a generic command, G3 has none.
-extern const char* const GenericDevice;
-
-/// A command record as the host keeps it.
-cJsonValue makeMacro(const char* uid, const char* displayName, bool hidden = false);
-
-/// A command type that fits those control types.
-cMacroTypePtr makeMacroType(const QStringList& controlTypes, bool isPrivate = false);
-
-/// The view on a canvas before a recording host that keeps the commands and assignments of some profiles, as
-/// a host does: what the view asks for comes back, but nothing that it asks to change is changed.
+/// The view on a canvas before the host.
 ///
 ///     ViewFixture fixture;
 ///     fixture.open("<device ...>");
@@ -51,7 +34,7 @@ cMacroTypePtr makeMacroType(const QStringList& controlTypes, bool isPrivate = fa
 ///     fixture.assign("{P}", "G1", "{1}");
 ///     fixture.showProfile("{P}");
 ///     QCOMPARE(fixture.label("G1")->text(), "Jump");
-class ViewFixture
+class ViewFixture : public DeviceHost
 {
     Q_DISABLE_COPY(ViewFixture)
 
@@ -59,23 +42,16 @@ public:
     static constexpr QRect CanvasRect {0, 0, 980, 620};
 
     ViewFixture();
-    ~ViewFixture();
 
-    /// What the host has as the manifest of every model.
-    void setManifest(const QByteArray& xml);
     /// init() and the end of the transform. Calls up to the end are taken.
     void open();
     void open(const QByteArray& manifest);
-    /// What `profiler.category` of makeManifest() gives.
-    static QString category() { return QStringLiteral("pad"); }
-
-    void putMacro(const QString& profileID, const cJsonValue& macro);
-    /// For the category of the device, in one mode.
-    void assign(const QString& profileID, const QString& contextID, const QString& macroID,
-        MKey::MKey_t inMode = MKey::M1);
     /// Opens the view on "{P}" with "{1}" Jump on G1 and G3 and "{2}" Run on no key, and waits for the list
     /// of them.
     void openWithCommands(const char* device = PlainDevice);
+    /// Shows the canvas, whose points are then those of its scene, to the pointer of the display. False if it
+    /// does not come up.
+    bool showOnScreen();
     /// Publishes that the profile is about to be shown; its calls are taken.
     void showProfile(const QString& profileID);
 
@@ -113,39 +89,18 @@ public:
     /// The ids of the selected and of the pulsating mode buttons.
     QStringList selectedModes() const;
     QStringList pulsatingModes() const;
+    /// The x of those pulse glows that are lit.
+    QStringList litGlows() const;
     QFrame* commandFrame() const;
     cMacroList* macroList() const;
     /// The names of the commands that are selected in the list.
     QStringList selectedCommands() const;
     cAnimatedPixmapWidget* syncButton() const;
 
-    // The host's data.
-    QHash<QString, QStringList> categories;
-    QString boundDevice;
-    bool isDirty = false;
-    bool isBusy = false;
-    bool isInForeground = true;
-    MKey::MKey_t mode = MKey::M1;
-
-private:
-    void answerQueries();
-    cJsonValue macro(const QString& profileID, const QString& macroID) const;
-
-    QByteArray m_manifest;
-    QHash<QString, cJsonValue> m_macros;
-    QMap<QString, QString> m_assignments;
-
-public:
-    // Behind the data, which the view asks for until it has gone.
-    const PluginFolder folder;
-    RecordingHost host;
     std::unique_ptr<QGraphicsScene> scene;
     std::unique_ptr<QGraphicsView> canvas;
     cMacroBindingView view;
 };
-
-/// A manifest of the category "pad" with that content below `macrobindingmetadata`.
-QByteArray makeManifest(const char* content, const char* model = "Model", const char* category = "pad");
 
 /// How many slots hear the signal.
 int connections(const QObject& sender, const char* signal);

@@ -1,77 +1,10 @@
-#include "ViewFixture.h"
+#include "Panes.h"
 
-#include <cPanel.h>
-#include <cScalablePixmap.h>
 #include <TestCase.h>
 
 #include <QElapsedTimer>
-#include <QGraphicsRectItem>
-#include <QPropertyAnimation>
-#include <QSignalSpy>
 
-namespace {
-
-// The panes with their frames, outside of the canvas: 21 pixels of frame on each side.
-constexpr QPoint CommandPaneOutside(-274, 157);
-constexpr QPoint CommandPaneAtRest(38, 157);
-constexpr QPoint ProfilePaneOutside(352, -128);
-constexpr QPoint ProfilePaneAtRest(352, 37);
-
-/// The view's panes, its mask and their animations, as a test sees them.
-class Panes
-{
-public:
-    explicit Panes(ViewFixture& fixture)
-        : m_fixture(fixture)
-    { }
-
-    cPanel* command() const { return panel(QSizeF(232, 380)); }
-    cPanel* profile() const { return panel(QSizeF(593, 86)); }
-    cScalablePixmap* mask() const { return m_fixture.item<cScalablePixmap>(); }
-    /// How many of the three there are.
-    int count() const { return m_fixture.items<cPanel>().size() + m_fixture.items<cScalablePixmap>().size(); }
-    QPropertyAnimation* animationOf(const QObject* target) const
-    {
-        for (QPropertyAnimation* animation : animations()) {
-            if (animation->targetObject() == target)
-                return animation;
-        }
-        return nullptr;
-    }
-    QList<QPropertyAnimation*> animations() const
-    {
-        return m_fixture.view.findChildren<QPropertyAnimation*>();
-    }
-    bool areMoving() const
-    {
-        for (const QPropertyAnimation* animation : animations()) {
-            if (animation->state() == QAbstractAnimation::Running)
-                return true;
-        }
-        return false;
-    }
-
-private:
-    cPanel* panel(const QSizeF& size) const
-    {
-        for (cPanel* panel : m_fixture.items<cPanel>()) {
-            if (panel->panelSize() == size)
-                return panel;
-        }
-        return nullptr;
-    }
-
-    ViewFixture& m_fixture;
-};
-
-void bringUp(ViewFixture& fixture)
-{
-    fixture.view.init(cJsonValue(), fixture.canvas.get());
-    fixture.host.clear();
-}
-
-} // namespace
-
+/// How the panes and the mask come in and leave.
 class ViewPanesTest : public TestCase
 {
     Q_OBJECT
@@ -86,19 +19,6 @@ private Q_SLOTS:
     void secondEnterBeginsAnew();
     void exitTurnsAnEnterAround();
     void exitEndsByTheTimerAlone();
-    void exitOfALeavingViewMakesNothing();
-    void exitByNameMakesThePanes();
-    void closingMainWindowTakesThePanesAtOnce();
-    void nothingComesAfterTheMainWindowHasClosed();
-    void nextInitMakesPanesAgain();
-    void deinitBeforeTheEnterLeavesThePanesThatComeLater();
-    void initWhilePanesAreThereUsesThem();
-    void noRootItemMeansNoMask();
-    void sceneThatGoesTakesThePanes();
-    void nextCanvasGetsPanesThatMove();
-    void deletedViewLeavesNoPanes();
-    void transformOfTheDeviceReachesThePanes();
-    void fadeDoesNothing();
 };
 
 void ViewPanesTest::panesAreMadeWhenTheirTimeComes()
@@ -205,11 +125,8 @@ void ViewPanesTest::exitMovesEachOutside()
     QFETCH(QByteArray, property);
     QFETCH(QVariant, start);
     QFETCH(QVariant, end);
-    ViewFixture fixture;
+    RestingView fixture;
     const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QTRY_VERIFY(!panes.areMoving());
     QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
     QObject* const target = thing(panes, what);
     const QPropertyAnimation* const animation = panes.animationOf(target);
@@ -227,12 +144,9 @@ void ViewPanesTest::exitMovesEachOutside()
 
 void ViewPanesTest::secondEnterBeginsAnew()
 {
-    ViewFixture fixture;
+    RestingView fixture;
     const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
     const cPanel* const command = panes.command();
-    QTRY_VERIFY(!panes.areMoving());
     QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
     QCOMPARE(panes.count(), 3);
     QCOMPARE(panes.command(), command);
@@ -262,11 +176,8 @@ void ViewPanesTest::exitTurnsAnEnterAround()
 
 void ViewPanesTest::exitEndsByTheTimerAlone()
 {
-    ViewFixture fixture;
+    RestingView fixture;
     const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QTRY_VERIFY(!panes.areMoving());
     QElapsedTimer time;
     time.start();
     QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
@@ -279,200 +190,6 @@ void ViewPanesTest::exitEndsByTheTimerAlone()
     QVERIFY(time.elapsed() >= 237);
     // Once more there is nothing left to delete.
     QVERIFY(fixture.call("onPaneAndMaskAnimationExitFinished"));
-}
-
-void ViewPanesTest::exitOfALeavingViewMakesNothing()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QCOMPARE(panes.count(), 0);
-    bringUp(fixture);
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QCOMPARE(panes.count(), 0);
-    QCOMPARE(panes.animations().size(), 0);
-}
-
-void ViewPanesTest::exitByNameMakesThePanes()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskExitAnimation"));
-    QCOMPARE(panes.count(), 3);
-    QCOMPARE(panes.command()->pos(), QPointF(CommandPaneAtRest));
-    QTRY_COMPARE(panes.count(), 0);
-}
-
-void ViewPanesTest::closingMainWindowTakesThePanesAtOnce()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    fixture.open();
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QCOMPARE(panes.count(), 3);
-    fixture.host.publishMainWindowClosing();
-    QCOMPARE(panes.count(), 0);
-    QCOMPARE(panes.animations().size(), 0);
-    // The scene stays until the host takes the view down.
-    QVERIFY(fixture.key("G1"));
-}
-
-void ViewPanesTest::nothingComesAfterTheMainWindowHasClosed()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    fixture.open();
-    fixture.host.publishMainWindowClosing();
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QCOMPARE(panes.count(), 0);
-    QVERIFY(fixture.call("onPaneAndMaskExitAnimation"));
-    QCOMPARE(panes.count(), 0);
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QCOMPARE(panes.count(), 0);
-    QCOMPARE(panes.animations().size(), 0);
-    // The timers of init() and of the exit come by, and nothing is left for them.
-    QTest::qWait(300);
-    QCOMPARE(panes.count(), 0);
-}
-
-void ViewPanesTest::nextInitMakesPanesAgain()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    fixture.open();
-    fixture.host.publishMainWindowClosing();
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    fixture.open();
-    QTRY_COMPARE(panes.count(), 3);
-    QTRY_COMPARE(panes.command()->pos(), QPointF(CommandPaneAtRest));
-}
-
-void ViewPanesTest::deinitBeforeTheEnterLeavesThePanesThatComeLater()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QCOMPARE(panes.count(), 0);
-    // The time of the enter comes all the same, as its single shot does: a view that has left brings panes
-    // in, and they stay until an exit ends.
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QCOMPARE(panes.count(), 3);
-    QVERIFY(panes.areMoving());
-    QTRY_COMPARE(panes.count(), 0);
-}
-
-void ViewPanesTest::initWhilePanesAreThereUsesThem()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    bringUp(fixture);
-    QTRY_COMPARE(panes.count(), 3);
-    const cPanel* const command = panes.command();
-    const cScalablePixmap* const mask = panes.mask();
-    // Heard, not looked for: the second way in may be over before a busy machine looks.
-    qRegisterMetaType<QAbstractAnimation::State>();
-    const QSignalSpy changes(panes.animationOf(command),
-        SIGNAL(stateChanged(QAbstractAnimation::State, QAbstractAnimation::State)));
-    bringUp(fixture);
-    QTRY_COMPARE(changes.size(), 3);
-    QCOMPARE(panes.command()->pos(), QPointF(CommandPaneAtRest));
-    QCOMPARE(panes.count(), 3);
-    QCOMPARE(panes.command(), command);
-    QCOMPARE(panes.mask(), mask);
-}
-
-void ViewPanesTest::noRootItemMeansNoMask()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    fixture.open();
-    QTRY_COMPARE(panes.count(), 3);
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QTRY_COMPARE(panes.count(), 0);
-    QCOMPARE(fixture.rootItem(), nullptr);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QVERIFY(!panes.mask());
-    QVERIFY(panes.command());
-    QVERIFY(panes.profile());
-    QCOMPARE(panes.animations().size(), 2);
-    QTRY_COMPARE(panes.command()->pos(), QPointF(CommandPaneAtRest));
-    // A mask that comes later moves as well.
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QVERIFY(panes.mask());
-    QCOMPARE(panes.mask()->scale(), 1.5);
-    QTRY_COMPARE(panes.mask()->scale(), 1.0);
-}
-
-void ViewPanesTest::sceneThatGoesTakesThePanes()
-{
-    ViewFixture fixture;
-    fixture.open();
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    fixture.canvas.reset();
-    fixture.scene = std::make_unique<QGraphicsScene>();
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    QVERIFY(fixture.call("onPaneAndMaskExitAnimation"));
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QVERIFY(fixture.scene->items().isEmpty());
-}
-
-void ViewPanesTest::nextCanvasGetsPanesThatMove()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    fixture.open();
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    fixture.canvas.reset();
-    fixture.scene = std::make_unique<QGraphicsScene>();
-    fixture.canvas = std::make_unique<QGraphicsView>(fixture.scene.get());
-    fixture.canvas->setSceneRect(ViewFixture::CanvasRect);
-    fixture.open();
-    QTRY_COMPARE(panes.count(), 3);
-    QTRY_COMPARE(panes.command()->pos(), QPointF(CommandPaneAtRest));
-    QTRY_COMPARE(panes.profile()->pos(), QPointF(ProfilePaneAtRest));
-    QCOMPARE(panes.animations().size(), 3);
-}
-
-void ViewPanesTest::deletedViewLeavesNoPanes()
-{
-    RecordingHost host;
-    QGraphicsScene scene;
-    QGraphicsView canvas(&scene);
-    {
-        cMacroBindingView view;
-        QVERIFY(view.init(cJsonValue(), &canvas));
-        QVERIFY(QMetaObject::invokeMethod(&view, "onPaneAndMaskEnterAnimation"));
-        QCOMPARE(scene.items(QRectF(), Qt::IntersectsItemShape).size(), 0);
-        QVERIFY(scene.items().size() > 1);
-    }
-    // The root item of a scene that was never built stays; it is the scene's.
-    QCOMPARE(scene.items().size(), 1);
-}
-
-void ViewPanesTest::transformOfTheDeviceReachesThePanes()
-{
-    ViewFixture fixture;
-    const Panes panes(fixture);
-    bringUp(fixture);
-    QVERIFY(fixture.call("onPaneAndMaskEnterAnimation"));
-    fixture.host.publishMainWindowClosing();
-    fixture.host.takeLog();
-    // Gone panes hear nothing.
-    fixture.host.publishDeviceTransformBegin(cJsonValue());
-    QCOMPARE(fixture.host.takeLog(), QStringList());
-}
-
-void ViewPanesTest::fadeDoesNothing()
-{
-    ViewFixture fixture;
-    bringUp(fixture);
-    const int items = fixture.scene->items().size();
-    QVERIFY(fixture.call("onFade", Q_ARG(qreal, 0.5)));
-    QCOMPARE(fixture.scene->items().size(), items);
-    QCOMPARE(fixture.host.takeLog(), QStringList());
 }
 
 VELTRANO_TEST_MAIN(ViewPanesTest)

@@ -5,48 +5,22 @@
 #include <cGraphicsText.h>
 #include <cMacroList.h>
 #include <cPulseGlowImage.h>
-#include <cSearchBox.h>
 #include <cTooltip.h>
 #include <Gkey.h>
-#include <MagnetTextItem.h>
-#include <ServiceNames.h>
 #include <TestCase.h>
 #include <TestPictures.h>
 
 #include <QDir>
-#include <QFrame>
 #include <QGraphicsPixmapItem>
 
-namespace {
-
-/// The log without the lines of clients that are made, and without what the lists and panes say of
-/// themselves.
-QStringList callsOf(RecordingHost& host)
-{
-    QStringList found;
-    for (const QString& line : host.takeLog()) {
-        if (!line.startsWith("require "))
-            found.append(line);
-    }
-    return found;
-}
-
-} // namespace
-
-/// onDeviceTransformEnd(): what it makes of a record, in which order.
+/// What the view makes of a record, apart from its keys.
 class ViewSceneTest : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void hostSeesTheStepsInOrder();
-    void hostSeesNoModesOfADeviceWithoutThem();
-    void endWithoutInitBuildsNothing();
-    void endWithoutCanvasBuildsNothing();
     void factsOfTheDeviceAreRead();
-
     void tooltipStandsInTheScene();
-
     void overlayIsForOneModelAlone_data();
     void overlayIsForOneModelAlone();
     void modeButtonsStandAndTheCurrentOnePulsates();
@@ -58,79 +32,9 @@ private Q_SLOTS:
     void eachGlowConnectsTheListOnce();
     void glowsAreHiddenAtTheirPlaces();
 
-    void framesAreShownAtTheEnd();
-    void deinitTakesItAllAway();
-    void deinitKeepsItsOrder();
-    void sceneIsBuiltAnewAfterDeinit();
-    void secondEndBuildsASecondTime();
     void emptyManifestGivesPanelsWithoutKeys_data();
     void emptyManifestGivesPanelsWithoutKeys();
-    void missingServicesStillGiveAScene();
 };
-
-void ViewSceneTest::hostSeesTheStepsInOrder()
-{
-    ViewFixture fixture;
-    fixture.setManifest(makeManifest(PlainDevice));
-    fixture.mode = MKey::M2;
-    QVERIFY(fixture.view.init(cJsonValue(), fixture.canvas.get()));
-    fixture.host.clear();
-    fixture.host.publishDeviceTransformEnd();
-    const QStringList expected {
-        "subscribe ProfileMgr_Events on",
-        "subscribe Profiler_Events on",
-        "subscribe DevMgr_Events on",
-        "subscribe ProfilesToGo_Events on",
-        "Profiler.Profiler getMState(const QString \"pad\") -> MKey::MKey_t",
-        // The list of commands.
-        "subscribe Profiler_Events on",
-        "subscribe ProfileMgr_Events on",
-        // The list of profiles, and the bar around it.
-        "subscribe ProfileMgr_Events on",
-        "Profiler.ProfileMgr profiles() -> cJsonValue",
-        "subscribe ProfileMgr_Events on",
-        "MainApp.MainApp inForeground() -> bool",
-        "Profiler.Profiler mKeyToString(MKey::MKey_t 1) -> QString",
-        "VGFSettings.Settings getPropertyBool(const QString \"profiler/autoScannedForGames\", bool false) -> "
-        "bool",
-        "MainUI.MainUI raiseDeviceBar()",
-    };
-    QCOMPARE(callsOf(fixture.host), expected);
-}
-
-void ViewSceneTest::hostSeesNoModesOfADeviceWithoutThem()
-{
-    ViewFixture fixture;
-    fixture.setManifest(makeManifest("<controls><control id='G1'/></controls>"));
-    QVERIFY(fixture.view.init(cJsonValue(), fixture.canvas.get()));
-    fixture.host.clear();
-    fixture.host.publishDeviceTransformEnd();
-    QCOMPARE(fixture.host.takeCalls(),
-        QStringList({"getMState(\"pad\")", "profiles()",
-            "getPropertyBool(\"profiler/autoScannedForGames\", false)", "raiseDeviceBar()"}));
-    QCOMPARE(fixture.items<cGraphicsItemGroup>().size(), 0);
-    QVERIFY(fixture.key("G1"));
-}
-
-void ViewSceneTest::endWithoutInitBuildsNothing()
-{
-    ViewFixture fixture;
-    fixture.host.clear();
-    QVERIFY(fixture.call("onDeviceTransformEnd"));
-    QCOMPARE(fixture.host.takeLog(), QStringList());
-    QVERIFY(fixture.scene->items().isEmpty());
-}
-
-void ViewSceneTest::endWithoutCanvasBuildsNothing()
-{
-    ViewFixture fixture;
-    QVERIFY(fixture.view.init(cJsonValue(), fixture.canvas.get()));
-    fixture.canvas.reset();
-    fixture.host.clear();
-    fixture.host.publishDeviceTransformEnd();
-    QCOMPARE(fixture.host.takeLog(), QStringList());
-    QCOMPARE(fixture.scene->items().size(), 1);
-}
 
 void ViewSceneTest::factsOfTheDeviceAreRead()
 {
@@ -258,14 +162,10 @@ void ViewSceneTest::glowTakesTheTypeOfItsOwnNumber()
                      "</pulseGlow></pulseGlows>"));
     // Of all glows those light whose one type fits.
     const auto lit = [&fixture](const char* type) {
-        QStringList places;
         fixture.host.answer("getMacroTypeByID",
             [type](const RecordedCall&) { return QVariant::fromValue(makeMacroType({QString(type)})); });
         fixture.call("onStartGkeyPulsate", Q_ARG(cJsonValue, makeMacro("{1}", "Jump")));
-        for (const cPulseGlowImage* glow : fixture.items<cPulseGlowImage>()) {
-            if (glow->isVisible())
-                places.append(QString::number(glow->x()));
-        }
+        const QStringList places = fixture.litGlows();
         fixture.call("onStopGkeyPulsate");
         return places;
     };
@@ -320,106 +220,6 @@ void ViewSceneTest::glowsAreHiddenAtTheirPlaces()
     QVERIFY(!glow->isVisible());
 }
 
-void ViewSceneTest::framesAreShownAtTheEnd()
-{
-    ViewFixture fixture;
-    fixture.canvas->show();
-    QVERIFY(fixture.view.init(cJsonValue(), fixture.canvas.get()));
-    bool wasHidden = false;
-    fixture.host.answer("mKeyToString", [&](const RecordedCall&) {
-        wasHidden = !fixture.commandFrame()->isVisible();
-        return QVariant(QString("M1"));
-    });
-    bool wasShown = false;
-    fixture.host.answer(
-        "raiseDeviceBar", [&](const RecordedCall&) { wasShown = fixture.commandFrame()->isVisible(); });
-    fixture.host.publishDeviceTransformEnd();
-    QVERIFY(wasHidden);
-    QVERIFY(wasShown);
-}
-
-void ViewSceneTest::deinitTakesItAllAway()
-{
-    ViewFixture fixture;
-    fixture.putMacro("{P}", makeMacro("{1}", "Jump"));
-    fixture.assign("{P}", "G1", "{1}");
-    fixture.open(makeManifest(PlainDevice));
-    fixture.showProfile("{P}");
-    QVERIFY(fixture.label("G1"));
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QVERIFY(fixture.scene->items().isEmpty());
-    QVERIFY(!fixture.macroList());
-    QVERIFY(!fixture.syncButton());
-    QVERIFY(!fixture.canvas->findChild<cSearchBox*>());
-    // And nothing is heard any more.
-    fixture.host.clear();
-    fixture.host.publishProfileSelectionChanging("{Q}");
-    fixture.host.publishMStateChanged(MKey::M2, "pad");
-    fixture.host.publishProfilesToGoDeviceBusy("name", "");
-    fixture.host.publishMacroAssigned("{P}", "pad", "{1}", MKey::M1, "G1");
-    QCOMPARE(fixture.host.takeCalls(), QStringList());
-    // Once more, with nothing left.
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-}
-
-void ViewSceneTest::deinitKeepsItsOrder()
-{
-    ViewFixture fixture;
-    fixture.putMacro("{P}", makeMacro("{1}", "Jump"));
-    fixture.assign("{P}", "G1", "{1}");
-    fixture.assign("{P}", "G3", "{1}");
-    fixture.open(makeManifest(PlainDevice));
-    fixture.showProfile("{P}");
-    const auto noteEnd = [&fixture](QObject* object, const char* name) {
-        QObject::connect(object, &QObject::destroyed, [&fixture, name] { fixture.host.note(name); });
-    };
-    noteEnd(fixture.label("G1"), "label G1");
-    noteEnd(fixture.label("G3"), "label G3");
-    noteEnd(fixture.key("G1"), "key G1");
-    noteEnd(fixture.key("G2"), "key G2");
-    noteEnd(fixture.key("G3"), "key G3");
-    noteEnd(fixture.item<cGraphicsItemGroup>(), "modes");
-    noteEnd(fixture.macroList(), "list");
-    noteEnd(fixture.item<cTooltip>(), "tooltip of the root item");
-    noteEnd(fixture.commandFrame(), "command frame");
-    fixture.host.clear();
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    // A cleared key asks the host about no command.
-    const QString clearedKey =
-        "Profiler.ProfileMgr getMacroByID(QString \"{P}\", QString \"\") -> cJsonValue";
-    QCOMPARE(callsOf(fixture.host),
-        QStringList({"label G1", clearedKey, "label G3", clearedKey, "key G1", "key G2", "key G3", "modes",
-            "unsubscribe Profiler_Events", "unsubscribe ProfileMgr_Events", "list",
-            "tooltip of the root item",
-            // The list of profiles goes with its frame.
-            "unsubscribe ProfileMgr_Events", "command frame", "unsubscribe ProfileMgr_Events",
-            "unsubscribe Profiler_Events", "unsubscribe DevMgr_Events", "unsubscribe ProfilesToGo_Events",
-            "unsubscribe MainUI_Events", "unsubscribe MainApp_Events"}));
-}
-
-void ViewSceneTest::sceneIsBuiltAnewAfterDeinit()
-{
-    ViewFixture fixture;
-    fixture.open(makeManifest(PlainDevice));
-    const int items = fixture.scene->items().size();
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    fixture.open(makeManifest(PlainDevice));
-    QCOMPARE(fixture.scene->items().size(), items);
-    QCOMPARE(fixture.view.getControlIds().size(), 3);
-}
-
-void ViewSceneTest::secondEndBuildsASecondTime()
-{
-    // The host ends a transform once; if it doesn't, nothing breaks when the view goes.
-    ViewFixture fixture;
-    fixture.open(makeManifest(PlainDevice));
-    fixture.host.publishDeviceTransformEnd();
-    QCOMPARE(fixture.items<Gkey>().size(), 6);
-    QCOMPARE(fixture.view.getControlIds().size(), 3);
-    QVERIFY(fixture.view.deinit(cJsonValue(), nullptr));
-    QCOMPARE(fixture.items<Gkey>().size(), 0);
-}
-
 void ViewSceneTest::emptyManifestGivesPanelsWithoutKeys_data()
 {
     QTest::addColumn<QByteArray>("manifest");
@@ -446,27 +246,6 @@ void ViewSceneTest::emptyManifestGivesPanelsWithoutKeys()
     fixture.showProfile("{P}");
     fixture.host.publishMStateChanged(MKey::M2, "pad");
     QCOMPARE(fixture.labels(), QStringList());
-}
-
-void ViewSceneTest::missingServicesStillGiveAScene()
-{
-    ViewFixture fixture;
-    fixture.setManifest(makeManifest(PlainDevice));
-    QVERIFY(fixture.view.init(cJsonValue(), fixture.canvas.get()));
-    for (QLatin1String service : {ServiceNames::Profiler, ServiceNames::MainApp, ServiceNames::MainUI})
-        fixture.host.remove(service);
-    {
-        const ExpectedMessage mode(QtCriticalMsg, "Failed to call 'getMState' on service Profiler.Profiler");
-        const ExpectedMessage name(
-            QtCriticalMsg, "Failed to call 'mKeyToString' on service Profiler.Profiler");
-        const ExpectedMessage foreground(
-            QtCriticalMsg, "Failed to call 'inForeground' on service MainApp.MainApp");
-        const ExpectedMessage bar(QtCriticalMsg, "Failed to call 'raiseDeviceBar' on service MainUI.MainUI");
-        fixture.host.publishDeviceTransformEnd();
-    }
-    QCOMPARE(fixture.items<Gkey>().size(), 3);
-    QCOMPARE(fixture.selectedModes(), QStringList());
-    QVERIFY(fixture.macroList());
 }
 
 VELTRANO_TEST_MAIN(ViewSceneTest)

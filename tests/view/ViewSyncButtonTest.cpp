@@ -3,6 +3,13 @@
 #include <cAnimatedPixmapWidget.h>
 #include <TestCase.h>
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QImage>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+
 /// When the profile is offered to be written to its device, and when it is being written.
 class ViewSyncButtonTest : public TestCase
 {
@@ -14,6 +21,7 @@ private Q_SLOTS:
     void busyDeviceRunsTheSyncButton_data();
     void busyDeviceRunsTheSyncButton();
     void idleDeviceHidesTheSyncButton();
+    void pointerShowsThePictureUnlessTheDeviceIsBusy();
     void syncIsAskedForTheBoundDevice();
 };
 
@@ -102,6 +110,34 @@ void ViewSyncButtonTest::idleDeviceHidesTheSyncButton()
     QVERIFY(fixture.syncButton()->isHidden());
     QVERIFY(!fixture.syncButton()->isEnabled());
     QCOMPARE(fixture.syncButton()->currentFrame(), 0);
+}
+
+void ViewSyncButtonTest::pointerShowsThePictureUnlessTheDeviceIsBusy()
+{
+    ViewFixture fixture;
+    fixture.open();
+    fixture.boundDevice = "{D}";
+    fixture.isDirty = true;
+    fixture.showProfile("{P}");
+    const QPixmap picture("MacroBindingView:Resources/images/sync_button_hover.png");
+    QVERIFY(!picture.isNull());
+    QImage hovered(29, 29, QImage::Format_ARGB32_Premultiplied);
+    hovered.fill(fixture.syncButton()->palette().color(QPalette::Window));
+    QPainter(&hovered).drawPixmap(0, 0, picture);
+    const auto shown = [&fixture] {
+        QImage image(29, 29, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        fixture.syncButton()->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        return image;
+    };
+    QVERIFY(shown() != hovered);
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(fixture.syncButton(), &enter);
+    QCOMPARE(shown(), hovered);
+    fixture.host.publishProfilesToGoDeviceBusy("", "{D}");
+    QVERIFY(shown() != hovered);
+    fixture.host.publishProfilesToGoDeviceIdle("{D}");
+    QCOMPARE(shown(), hovered);
 }
 
 void ViewSyncButtonTest::syncIsAskedForTheBoundDevice()
