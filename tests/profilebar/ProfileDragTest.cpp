@@ -107,6 +107,30 @@ private:
     bool m_released = false;
 };
 
+/// Looks whether a widget takes the drag that enters it, and releases the button.
+class Reception : public QObject
+{
+public:
+    explicit Reception(QObject* target) { target->installEventFilter(this); }
+
+    bool hasEntered() const { return m_hasEntered; }
+    bool wasWelcome() const { return m_wasWelcome; }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::DragEnter || std::exchange(m_hasEntered, true))
+            return false;
+        // All the others hear of it in this call.
+        QCoreApplication::sendEvent(watched, event);
+        m_wasWelcome = event->isAccepted();
+        RealPointer::act("mouseup 1");
+        return true;
+    }
+
+private:
+    bool m_hasEntered = false;
+    bool m_wasWelcome = false;
+};
+
 /// Presses on a tile and drags it over a widget. The drag runs an event loop of its own, so the way is told
 /// when it starts.
 class TileDrag : public QObject
@@ -172,6 +196,8 @@ private Q_SLOTS:
     void commandsAreDroppedOnATile();
     void profilesOfAnotherListAreCopied_data();
     void profilesOfAnotherListAreCopied();
+    void textOfAButtonIsRefused_data();
+    void textOfAButtonIsRefused();
     void ownProfilesAreRefused();
     void contextIconOpensTheMenuOfItsTile();
 };
@@ -317,6 +343,39 @@ void ProfileDragTest::profilesOfAnotherListAreCopied()
     QTRY_VERIFY_WITH_TIMEOUT(source->result >= 0, Patience);
     QCOMPARE(strip.host.takeRequests(),
         QStringList({R"(copyProfile("{x}"))", R"(copyProfile(""))", R"(copyProfile("{y}"))"}));
+}
+
+void ProfileDragTest::textOfAButtonIsRefused_data()
+{
+    profilesOfAnotherListAreCopied_data();
+}
+
+void ProfileDragTest::textOfAButtonIsRefused()
+{
+    QFETCH(bool, ontoATile);
+    Strip strip({"Alpha", "Beta"}, "Alpha");
+    strip.list.setAcceptDrops(true);
+    strip.list.setDragDropMode(QAbstractItemView::InternalMove);
+    Window window(&strip.list);
+    auto* const source = new Source(&window);
+    source->setGeometry(100, 140, 100, 100);
+    QVERIFY(window.isUp());
+    source->makeData = [] {
+        auto data = std::make_unique<QMimeData>();
+        data->setText("#%1%2%3");
+        return data;
+    };
+    source->target = ontoATile ? static_cast<QWidget*>(strip.tile("Beta")) : strip.list.viewport();
+    QSignalSpy dropped(&strip.list, SIGNAL(macrosDropped(const QStringList&, const QString&)));
+    const Reception reception(source->target);
+    RealPointer::act(
+        RealPointer::moveTo(*source) + " mousedown 1 " + RealPointer::moveTo(*source, QPoint(12, 0)));
+    QTRY_VERIFY_WITH_TIMEOUT(source->result >= 0, Patience);
+    QVERIFY(reception.hasEntered());
+    QVERIFY(!reception.wasWelcome());
+    QCOMPARE(source->result, int(Qt::IgnoreAction));
+    QCOMPARE(dropped.size(), 0);
+    QCOMPARE(strip.host.takeRequests(), QStringList());
 }
 
 void ProfileDragTest::ownProfilesAreRefused()
