@@ -1,32 +1,9 @@
 #include "ProfileFormTestCase.h"
 
+#include <FileChoice.h>
+
 #include <QDir>
-#include <QFileDialog>
 #include <QStandardPaths>
-#include <QTimer>
-
-#include <functional>
-
-namespace {
-
-/// Waits for the file dialog and works it; returns when it is closed.
-void withFileDialog(const ProfileForm& form, const std::function<void(QFileDialog&)>& work)
-{
-    QTimer timer;
-    bool hasCome = false;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        if (auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
-            timer.stop();
-            hasCome = true;
-            work(*dialog);
-        }
-    });
-    timer.start(10);
-    form.browseButton()->click();
-    QVERIFY(hasCome);
-}
-
-} // namespace
 
 /// The search for a profile's program in the file dialog.
 class BrowseForProgramTest : public ProfileFormTestCase
@@ -44,13 +21,12 @@ void BrowseForProgramTest::browsePutsTheChosenFileIntoTheForm()
 {
     const ProfileForm form;
     form.executable()->setText(m_folder->path());
-    withFileDialog(form, [this](QFileDialog& dialog) {
-        QCOMPARE(dialog.windowTitle(), QString("Open"));
-        QCOMPARE(dialog.nameFilters(), QStringList({"Executables (*.exe)", "All Files (*.*)"}));
-        QCOMPARE(dialog.fileMode(), QFileDialog::ExistingFile);
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(existingFile());
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
+    const FileChoice choice(existingFile());
+    form.browseButton()->click();
+    QVERIFY(choice.hasRun());
+    QCOMPARE(choice.title, QString("Open"));
+    QCOMPARE(choice.filters, QStringList({"Executables (*.exe)", "All Files (*.*)"}));
+    QCOMPARE(choice.fileMode, QFileDialog::ExistingFile);
     QCOMPARE(form.executable()->text(), QDir::toNativeSeparators(existingFile()));
 }
 
@@ -71,11 +47,11 @@ void BrowseForProgramTest::browseBeginsWhereTheExecutableIs()
     QVERIFY(QDir().mkpath(applications));
     const ProfileForm form;
     form.executable()->setText(isEmpty ? QString() : existingFile());
-    withFileDialog(form, [&](QFileDialog& dialog) {
-        QCOMPARE(QDir(dialog.directory().path()).canonicalPath(),
-            QDir(isEmpty ? applications : m_folder->path()).canonicalPath());
-        dialog.reject();
-    });
+    const FileChoice cancelled;
+    form.browseButton()->click();
+    QVERIFY(cancelled.hasRun());
+    QCOMPARE(QDir(cancelled.folder).canonicalPath(),
+        QDir(isEmpty ? applications : m_folder->path()).canonicalPath());
     qputenv("HOME", home.toLocal8Bit());
 }
 
@@ -83,7 +59,9 @@ void BrowseForProgramTest::cancelledBrowseChangesNothing()
 {
     const ProfileForm form;
     form.executable()->setText("/games/mine.exe");
-    withFileDialog(form, [](QFileDialog& dialog) { dialog.reject(); });
+    const FileChoice cancelled;
+    form.browseButton()->click();
+    QVERIFY(cancelled.hasRun());
     QCOMPARE(form.executable()->text(), QString("/games/mine.exe"));
 }
 

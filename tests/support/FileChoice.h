@@ -36,6 +36,7 @@ public:
     /// The one that was selected.
     QString filter;
     QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
+    QFileDialog::FileMode fileMode = QFileDialog::AnyFile;
     bool hasParent = true;
 
 private:
@@ -47,6 +48,7 @@ private:
         filters = files.nameFilters();
         filter = files.selectedNameFilter();
         mode = files.acceptMode();
+        fileMode = files.fileMode();
         hasParent = dialog.parentWidget() != nullptr;
         if (!path.isEmpty())
             give(dialog, path);
