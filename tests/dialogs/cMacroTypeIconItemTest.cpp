@@ -15,6 +15,8 @@ class cMacroTypeIconItemTest : public TestCase
 private Q_SLOTS:
     void hasItsMembers();
     void showsIconAboveNameOfTheType();
+    void longWordIsBrokenBetweenCharacters_data();
+    void longWordIsBrokenBetweenCharacters();
     void highlightHasItsStyle_data();
     void highlightHasItsStyle();
     void pressOfTheLeftButtonIsAClick_data();
@@ -69,6 +71,27 @@ void cMacroTypeIconItemTest::showsIconAboveNameOfTheType()
         QCOMPARE(layout->itemAt(i)->alignment(), Qt::AlignCenter);
     QCOMPARE(icon->alignment(), Qt::AlignCenter);
     QCOMPARE(text->alignment(), Qt::AlignCenter);
+}
+
+void cMacroTypeIconItemTest::longWordIsBrokenBetweenCharacters_data()
+{
+    QTest::addColumn<QString>("character");
+    QTest::newRow("letter") << "W";
+    QTest::newRow("of two halves") << QString::fromUtf8("\U0001F3AE");
+    QTest::newRow("with an accent") << QString::fromUtf8("W\u0301");
+}
+
+void cMacroTypeIconItemTest::longWordIsBrokenBetweenCharacters()
+{
+    QFETCH(QString, character);
+    const cMacroTypeIconItem item(info("Go " + character.repeated(40)));
+    const auto* const text = qobject_cast<QLabel*>(item.layout()->itemAt(1)->widget());
+    const QStringList parts = text->text().section(' ', 1).split(QChar(0x200b));
+    QCOMPARE(parts.size(), 40);
+    for (const QString& part : parts)
+        QCOMPARE(part, character);
+    // A word that has room is left as it is.
+    QCOMPARE(text->text().section(' ', 0, 0), QString("Go"));
 }
 
 void cMacroTypeIconItemTest::highlightHasItsStyle_data()
