@@ -133,6 +133,7 @@ void cMacroItemPointerTest::pointerShowsTheContextIcon()
     stage.enter();
     QVERIFY(stage.contextIcon().isVisible());
     QCOMPARE(stage.row->cursor().shape(), Qt::OpenHandCursor);
+    QCOMPARE(stage.background(), RowStage::colorOf("hover"));
     // At the bottom of the row, at its right end.
     stage.row->grab();
     QCOMPARE(stage.contextIcon().geometry().bottom(), 28);
@@ -140,6 +141,7 @@ void cMacroItemPointerTest::pointerShowsTheContextIcon()
     stage.leave();
     QVERIFY(!stage.contextIcon().isVisible());
     QCOMPARE(stage.row->cursor().shape(), Qt::ArrowCursor);
+    QCOMPARE(stage.background(), RowStage::colorOf("normal"));
     QCOMPARE(stage.panel.takeLog(), QStringList({"hoverIn()", "hoverOut()"}));
 }
 

@@ -82,6 +82,7 @@ void cMacroItemTest::constructionMakesTheRow()
     QCOMPARE(layout->stretch(2), 1);
     auto* column = dynamic_cast<QVBoxLayout*>(layout->itemAt(3)->layout());
     QVERIFY(column->itemAt(0)->spacerItem());
+    QCOMPARE(column->stretch(0), 0);
     QCOMPARE(column->itemAt(1)->widget(), &stage.contextIcon());
 }
 
@@ -176,6 +177,10 @@ void cMacroItemTest::picturesShowTheState()
     if (hover)
         stage.enter();
     QCOMPARE(stage.background(), RowStage::colorOf(QTest::currentDataTag()));
+    // The picture fills the row.
+    const QImage drawn = stage.row->grab().toImage();
+    QCOMPARE(drawn.pixelColor(0, 0), RowStage::colorOf(QTest::currentDataTag()));
+    QCOMPARE(drawn.pixelColor(219, 29), RowStage::colorOf(QTest::currentDataTag()));
     // The mark that the host gives at construction is the same.
     stage.panel.host.answer("isMacroAssigned", assigned);
     stage.make(macro("{1}", "Jump"));

@@ -108,6 +108,10 @@ void EditProfileDialogTest::formIsLaidOutAsDesigned()
     }
     QCOMPARE(form.executable()->contextMenuPolicy(), Qt::NoContextMenu);
     QCOMPARE(form.group()->title(), QString("Select Game Executable"));
+    // Those that have no caption of their own.
+    QCOMPARE(form.executable()->accessibleName(), QString("Select Game Executable"));
+    QCOMPARE(form.browseButton()->accessibleName(), QString("Browse"));
+    QCOMPARE(form.profiles()->accessibleName(), QString("Copy from an existing profile"));
     QCOMPARE(form.group()->styleSheet(), QString("QGroupBox { color: white; }"));
     QCOMPARE(form.browseButton()->property("uiType").toString(), QString("grayButton"));
     QCOMPARE(form.cancel()->property("uiType").toString(), QString("grayButton"));

@@ -283,6 +283,10 @@ void MacroFormsTest::commandOfAnotherTypeKeepsItsName()
     QCOMPARE(this->title(), title);
     // No form of another type is shown as if it were this command's.
     QVERIFY(!stack().isVisible());
+    const QLabel* const remark = part<QLabel>("QuietText");
+    QVERIFY(remark->isVisible());
+    QCOMPARE(remark->text(), QString("There is nothing to set for this kind of command."));
+    QVERIFY(remark->wordWrap());
     name().clear();
     QVERIFY(!okButton().isEnabled());
     name().setText("Fire");
@@ -296,6 +300,7 @@ void MacroFormsTest::commandOfAnotherTypeKeepsItsName()
     // Choosing a type makes it one of that.
     page().changePage(1);
     QVERIFY(stack().isVisible());
+    QVERIFY(!remark->isVisible());
     QCOMPARE(this->title(), QString("Text"));
 }
 

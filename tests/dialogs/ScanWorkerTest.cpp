@@ -3,6 +3,7 @@
 #include <cAnimatedPixmapWidget.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -32,6 +33,7 @@ private Q_SLOTS:
     void missingAttributesAreEmpty();
     void otherElementsAreNotLookedAt();
     void rowsComeOnTheThreadOfTheWindow();
+    void workerRestsBehindEachGame();
     void databaseThatCantBeUsedEndsTheScan_data();
     void databaseThatCantBeUsedEndsTheScan();
     void aSecondScanStartsAnew();
@@ -73,6 +75,21 @@ void ScanWorkerTest::rowsComeOnTheThreadOfTheWindow()
     QCOMPARE(scan.list->count(), 0);
     QTRY_VERIFY(scan.isFinished());
     QCOMPARE(thread, QThread::currentThread());
+}
+
+void ScanWorkerTest::workerRestsBehindEachGame()
+{
+    constexpr int games = 40;
+    for (int i = 0; i < games; ++i)
+        m_files->addGame(QString::number(i), {false, false});
+    m_files->write();
+    QElapsedTimer timer;
+    timer.start();
+    const Scan scan;
+    QTRY_VERIFY(scan.isFinished());
+    QCOMPARE(scan.list->count(), 2 * games);
+    // How long it takes besides depends on the machine.
+    QVERIFY2(timer.elapsed() >= 10 * games, qPrintable(QString::number(timer.elapsed())));
 }
 
 void ScanWorkerTest::databaseThatCantBeUsedEndsTheScan_data()

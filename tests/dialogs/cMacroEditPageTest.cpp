@@ -73,6 +73,11 @@ void cMacroEditPageTest::newPageStartsEmpty()
     QCOMPARE(page().property("uiType").toString(), QString("meBackground"));
     QCOMPARE(title(), QString());
     QCOMPARE(part<QLabel>("DialogTitle")->textFormat(), Qt::PlainText);
+    // Larger than other texts.
+    QVERIFY(part<QLabel>("DialogTitle")->fontMetrics().height()
+        > part<QLabel>("meNameLabel")->fontMetrics().height() * 5 / 4);
+    QVERIFY(!part<QLabel>("QuietText")->isVisible());
+    QCOMPARE(repeat().accessibleName(), QString("Repeat Options"));
     QCOMPARE(part<QLabel>("meNameLabel")->text(), QString("Name:"));
     QCOMPARE(part<QLabel>("meNameLabel")->buddy(), &name());
     QCOMPARE(name().text(), QString());

@@ -142,6 +142,7 @@ void cMacroEditorTest::columnStandsBesideThePage()
     QCOMPARE(layout->itemAt(1)->widget(), static_cast<QWidget*>(m_dialog->findChild<cMacroEditPage*>()));
     QCOMPARE(layout->stretch(0), 0);
     QCOMPARE(layout->stretch(1), 1);
+    QCOMPARE(layout->spacing(), 15);
 }
 
 void cMacroEditorTest::constructionCallsInOrder_data()
