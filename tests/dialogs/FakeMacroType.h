@@ -15,7 +15,7 @@ class FakeEditor : public IMacroEditor
     Q_OBJECT
 
 public:
-    FakeEditor(RecordingHost& host, const QString& typeId, const cJsonValue& record);
+    FakeEditor(RecordingHost& host, const QString& typeId, const cJsonValue& macro);
 
     cJsonValue data() override { return content; }
     QString getMacroTypeID() override { return m_typeId; }

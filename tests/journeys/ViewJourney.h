@@ -50,10 +50,10 @@ public:
     /// Chooses it.
     void chooseEntry(int entry);
     // The same in the menu of a tile.
-    void goToInMenuOf(int tile, int entry);
-    void chooseInMenuOf(int tile, int entry);
+    void goToInMenuOf(int number, int entry);
+    void chooseInMenuOf(int number, int entry);
     /// Opens the submenu of all keys in the menu of a tile; its first entry is marked.
-    void openKeysMenu(int tile, int entry = ViewPlaces::AllKeys);
+    void openKeysMenu(int number, int entry = ViewPlaces::AllKeys);
     /// Types the name of a file into the dialog and takes it.
     bool giveFile(const QString& title, const QString& path);
     /// Says yes to the question whether to delete.

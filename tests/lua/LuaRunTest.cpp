@@ -250,7 +250,7 @@ void LuaRunTest::timeIsLimited()
     QElapsedTimer timer;
     timer.start();
     run(script, 1000 * (RunnerLimits::Seconds + 5));
-    QVERIFY(timer.elapsed() >= 1000 * (RunnerLimits::Seconds - 1));
+    QVERIFY(timer.elapsed() >= qint64(1000) * (RunnerLimits::Seconds - 1));
     QCOMPARE(m_run->end(), LuaRun::End::Failed);
     QVERIFY2(m_run->message().contains("ran for more than 10 seconds"), qPrintable(m_run->message()));
     QTEST(m_run->line(), "line");
