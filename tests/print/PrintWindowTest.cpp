@@ -294,6 +294,8 @@ void PrintWindowTest::pagesAreTurned()
         previous = each->text() == "&Previous" ? each : previous;
         next = each->text() == "&Next" ? each : next;
     }
+    if (!previous || !next)
+        QFAIL("a button is missing");
     QTRY_VERIFY(next->isEnabled());
     QVERIFY(!previous->isEnabled());
     QTest::mouseClick(next, Qt::LeftButton);

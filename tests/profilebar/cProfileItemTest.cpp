@@ -169,7 +169,7 @@ void cProfileItemTest::namesAreWrittenInTheirFonts()
             QPainter painter(&kept);
             painter.setFont(in);
             painter.setPen(ink);
-            painter.drawText(QRect(QPoint(0, 0), size), Qt::TextSingleLine | Qt::AlignCenter, text);
+            painter.drawText(QRect(QPoint(0, 0), size), Qt::TextSingleLine | int(Qt::AlignCenter), text);
         }
         QPainter(&picture).drawPixmap(0, 0, kept);
         return picture;
@@ -283,7 +283,8 @@ void cProfileItemTest::tipStandsAtTheUpperEdge()
         if (widget->inherits("QTipLabel"))
             tip = widget;
     }
-    QVERIFY(tip);
+    if (!tip)
+        QFAIL("there is no tip");
     // A tip stands a little below the place for which it is asked.
     QVERIFY(tip->pos().y() < global.y());
     QVERIFY(tip->pos().y() >= tile.item.mapToGlobal(QPoint(0, 0)).y());

@@ -23,8 +23,8 @@ void ProfileMgrUndoSeriesTest::randomOperation(QRandomGenerator& random)
         return random.bounded(below);
     };
     const QStringList ids = profiles().profileIDs();
-    const QString id = ids[number(ids.size())];
-    const QString other = ids[number(ids.size())];
+    const QString& id = ids[number(ids.size())];
+    const QString& other = ids[number(ids.size())];
     const Profile* const chosen = service().book().find(id);
     const auto someMacro = [&] {
         return chosen->macros.empty() ? macro("{none}", "None")

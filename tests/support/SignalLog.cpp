@@ -27,10 +27,10 @@ SignalLog::SignalLog(const QObject& sender, RecordingHost& host)
         if (signal.methodType() != QMetaMethod::Signal)
             continue;
         const QByteArray slot = "onSignal" + signal.methodSignature().mid(signal.name().size());
-        const int index = metaObject()->indexOfSlot(slot);
+        const int index = staticMetaObject.indexOfSlot(slot);
         if (index < 0)
             qFatal("there is no slot for %s", signal.methodSignature().constData());
-        connect(&sender, signal, this, metaObject()->method(index));
+        connect(&sender, signal, this, staticMetaObject.method(index));
     }
 }
 
