@@ -13,8 +13,6 @@
 #include <map>
 #include <memory>
 
-using IconFiles::Frame;
-
 /// Every case has an empty home, no programs but the extractor, and an icon theme of its own.
 class LoadApplicationIconTest : public TestCase
 {

@@ -74,7 +74,8 @@ void ViewCommandPaneTest::titleStandsInTheFrame()
         if (!qobject_cast<const cClickableLabel*>(label))
             title = label;
     }
-    QVERIFY(title);
+    if (!title)
+        QFAIL("there is no title");
     QCOMPARE(title->text(), QString("Commands"));
     QCOMPARE(title->pos(), QPoint(0, 2));
     QCOMPARE(title->property("uiType").toString(), QString("PanelTitle"));
