@@ -3,8 +3,21 @@
 #include "IHostWindow.h"
 #include "MessageDialog.h"
 
+#include <QApplication>
 #include <QPixmap>
 #include <QWidget>
+
+namespace {
+
+/// What a message stands over: the dialog that is being answered, which alone gives the keyboard away, or
+/// else the window.
+QWidget* below(QWidget* window)
+{
+    QWidget* const dialog = QApplication::activeModalWidget();
+    return dialog ? dialog : window;
+}
+
+} // namespace
 
 cMainUIService::cMainUIService(QObject* parent)
     : IMainUI(parent)
@@ -51,14 +64,16 @@ QString cMainUIService::getActiveDeviceId()
 
 void cMainUIService::warning(const QString& titleText, const QString& warningText)
 {
-    auto* const dialog = new MessageDialog(MessageDialog::Kind::Warning, titleText, warningText, window());
+    auto* const dialog =
+        new MessageDialog(MessageDialog::Kind::Warning, titleText, warningText, below(window()));
     dialog->addChoice(QDialog::Accepted, tr("OK"), true);
     MessageDialog::run(dialog, QDialog::Rejected);
 }
 
 bool cMainUIService::yesno(const QString& titleText, const QString& questionText)
 {
-    auto* const dialog = new MessageDialog(MessageDialog::Kind::Question, titleText, questionText, window());
+    auto* const dialog =
+        new MessageDialog(MessageDialog::Kind::Question, titleText, questionText, below(window()));
     dialog->addChoice(QDialog::Accepted, tr("Yes"));
     dialog->addChoice(QDialog::Rejected, tr("No"), true);
     return MessageDialog::run(dialog, QDialog::Rejected) == QDialog::Accepted;
@@ -72,7 +87,7 @@ ConflictResolution::ConflictResolution_t cMainUIService::conflict(const QString&
         return text.isEmpty() ? otherwise : text;
     };
     auto* const dialog =
-        new MessageDialog(MessageDialog::Kind::Question, titleText, descriptionText, window());
+        new MessageDialog(MessageDialog::Kind::Question, titleText, descriptionText, below(window()));
     if (!itemText.isEmpty())
         dialog->addItemText(itemText);
     dialog->addChoice(ConflictResolution::Replace, textOr(replaceText, tr("Replace")));
@@ -86,7 +101,7 @@ ConflictResolution::ConflictResolution_t cMainUIService::conflict(const QString&
 void cMainUIService::info(const QString& titleText, const QString& messageText)
 {
     auto* const dialog =
-        new MessageDialog(MessageDialog::Kind::Information, titleText, messageText, window());
+        new MessageDialog(MessageDialog::Kind::Information, titleText, messageText, below(window()));
     dialog->addChoice(QDialog::Accepted, tr("OK"), true);
     MessageDialog::run(dialog, QDialog::Rejected);
 }

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void deviceBarAndDeviceAreTheWindows();
     void messagesAreModalAndPlain_data();
     void messagesAreModalAndPlain();
+    void messageStandsOverTheDialogThatIsOpen();
     void yesAnswersTrue();
     void enterAndEscapeAnswerNo();
     void conflictAnswersTheChoice_data();
@@ -151,6 +152,17 @@ void cMainUIServiceTest::messagesAreModalAndPlain()
     else
         QVERIFY(!cMainUI().yesno("<i>T</i>", text));
     QVERIFY(driver.hasRun());
+}
+
+void cMainUIServiceTest::messageStandsOverTheDialogThatIsOpen()
+{
+    QDialog open(m_window->widget());
+    open.setModal(true);
+    open.show();
+    const DialogDriver driver([&open](QDialog& dialog) { QCOMPARE(dialog.parentWidget(), &open); });
+    cMainUI().info("T", "text");
+    QVERIFY(driver.hasRun());
+    QVERIFY(open.isVisible());
 }
 
 void cMainUIServiceTest::yesAnswersTrue()

@@ -39,6 +39,12 @@ void ProfileJourney::profileIsMadeChosenAndKept()
     m_journey->click(tile(3));
     QVERIFY(m_journey->waitForWindow("New Profile"));
     QVERIFY(Journey::saveScreen("profile-new.png"));
+    // A message over the dialog has the keyboard, and gives it back.
+    m_journey->type("Go");
+    m_journey->key("Return");
+    QVERIFY(m_journey->waitForWindow("Missing Target Error"));
+    m_journey->key("Return");
+    QVERIFY(m_journey->waitForNoWindow("Missing Target Error"));
     m_journey->key("Escape");
     QVERIFY(m_journey->waitForNoWindow("New Profile"));
 }
