@@ -182,6 +182,34 @@ public:
     }
 };
 
+/// A drag that comes to a list from another widget of the window.
+struct DragFromElsewhere
+{
+    DragFromElsewhere() { source->setGeometry(100, 140, 100, 100); }
+
+    /// The list takes drops itself, beside its tiles.
+    void openList()
+    {
+        strip.list.setAcceptDrops(true);
+        strip.list.setDragDropMode(QAbstractItemView::InternalMove);
+    }
+    QWidget* target(bool aTile)
+    {
+        return aTile ? static_cast<QWidget*>(strip.tile("Beta")) : strip.list.viewport();
+    }
+    /// True once the drag has ended.
+    bool run()
+    {
+        RealPointer::act(
+            RealPointer::moveTo(*source) + " mousedown 1 " + RealPointer::moveTo(*source, QPoint(12, 0)));
+        return QTest::qWaitFor([this] { return source->result >= 0; }, Patience);
+    }
+
+    Strip strip {{"Alpha", "Beta"}, "Alpha"};
+    Window window {&strip.list};
+    Source* const source = new Source(&window);
+};
+
 } // namespace
 
 /// Drags with the real pointer.
@@ -298,21 +326,16 @@ void ProfileDragTest::listThatGoesEndsItsDrag()
 
 void ProfileDragTest::commandsAreDroppedOnATile()
 {
-    Strip strip({"Alpha", "Beta"}, "Alpha");
-    Window window(&strip.list);
-    auto* const source = new Source(&window);
-    source->setGeometry(100, 140, 100, 100);
-    QVERIFY(window.isUp());
-    source->makeData = [] {
+    DragFromElsewhere drag;
+    QVERIFY(drag.window.isUp());
+    drag.source->makeData = [] {
         return DragFormats::makeMacros({"{1}", "{2}"});
     };
-    source->target = strip.tile("Beta");
-    QSignalSpy dropped(&strip.list, SIGNAL(macrosDropped(const QStringList&, const QString&)));
-    const Release release(source->target, QEvent::DragMove);
-    RealPointer::act(
-        RealPointer::moveTo(*source) + " mousedown 1 " + RealPointer::moveTo(*source, QPoint(12, 0)));
-    QTRY_VERIFY_WITH_TIMEOUT(source->result >= 0, Patience);
-    QCOMPARE(source->result, int(Qt::CopyAction));
+    drag.source->target = drag.strip.tile("Beta");
+    QSignalSpy dropped(&drag.strip.list, SIGNAL(macrosDropped(const QStringList&, const QString&)));
+    const Release release(drag.source->target, QEvent::DragMove);
+    QVERIFY(drag.run());
+    QCOMPARE(drag.source->result, int(Qt::CopyAction));
     QCOMPARE(dropped, QList<QVariantList>({{QStringList({"{1}", "{2}"}), "{Beta}"}}));
 }
 
@@ -326,22 +349,16 @@ void ProfileDragTest::profilesOfAnotherListAreCopied_data()
 void ProfileDragTest::profilesOfAnotherListAreCopied()
 {
     QFETCH(bool, ontoATile);
-    Strip strip({"Alpha", "Beta"}, "Alpha");
-    strip.list.setAcceptDrops(true);
-    strip.list.setDragDropMode(QAbstractItemView::InternalMove);
-    Window window(&strip.list);
-    auto* const source = new Source(&window);
-    source->setGeometry(100, 140, 100, 100);
-    QVERIFY(window.isUp());
-    source->makeData = [] {
+    DragFromElsewhere drag;
+    drag.openList();
+    QVERIFY(drag.window.isUp());
+    drag.source->makeData = [] {
         return DragFormats::makeProfiles({"{x}", "", "{y}"});
     };
-    source->target = ontoATile ? static_cast<QWidget*>(strip.tile("Beta")) : strip.list.viewport();
-    const Release release(source->target, QEvent::DragMove);
-    RealPointer::act(
-        RealPointer::moveTo(*source) + " mousedown 1 " + RealPointer::moveTo(*source, QPoint(12, 0)));
-    QTRY_VERIFY_WITH_TIMEOUT(source->result >= 0, Patience);
-    QCOMPARE(strip.host.takeRequests(),
+    drag.source->target = drag.target(ontoATile);
+    const Release release(drag.source->target, QEvent::DragMove);
+    QVERIFY(drag.run());
+    QCOMPARE(drag.strip.host.takeRequests(),
         QStringList({R"(copyProfile("{x}"))", R"(copyProfile(""))", R"(copyProfile("{y}"))"}));
 }
 
@@ -353,29 +370,23 @@ void ProfileDragTest::textOfAButtonIsRefused_data()
 void ProfileDragTest::textOfAButtonIsRefused()
 {
     QFETCH(bool, ontoATile);
-    Strip strip({"Alpha", "Beta"}, "Alpha");
-    strip.list.setAcceptDrops(true);
-    strip.list.setDragDropMode(QAbstractItemView::InternalMove);
-    Window window(&strip.list);
-    auto* const source = new Source(&window);
-    source->setGeometry(100, 140, 100, 100);
-    QVERIFY(window.isUp());
-    source->makeData = [] {
+    DragFromElsewhere drag;
+    drag.openList();
+    QVERIFY(drag.window.isUp());
+    drag.source->makeData = [] {
         auto data = std::make_unique<QMimeData>();
         data->setText("#%1%2%3");
         return data;
     };
-    source->target = ontoATile ? static_cast<QWidget*>(strip.tile("Beta")) : strip.list.viewport();
-    QSignalSpy dropped(&strip.list, SIGNAL(macrosDropped(const QStringList&, const QString&)));
-    const Reception reception(source->target);
-    RealPointer::act(
-        RealPointer::moveTo(*source) + " mousedown 1 " + RealPointer::moveTo(*source, QPoint(12, 0)));
-    QTRY_VERIFY_WITH_TIMEOUT(source->result >= 0, Patience);
+    drag.source->target = drag.target(ontoATile);
+    QSignalSpy dropped(&drag.strip.list, SIGNAL(macrosDropped(const QStringList&, const QString&)));
+    const Reception reception(drag.source->target);
+    QVERIFY(drag.run());
     QVERIFY(reception.hasEntered());
     QVERIFY(!reception.wasWelcome());
-    QCOMPARE(source->result, int(Qt::IgnoreAction));
+    QCOMPARE(drag.source->result, int(Qt::IgnoreAction));
     QCOMPARE(dropped.size(), 0);
-    QCOMPARE(strip.host.takeRequests(), QStringList());
+    QCOMPARE(drag.strip.host.takeRequests(), QStringList());
 }
 
 void ProfileDragTest::ownProfilesAreRefused()
